@@ -1,0 +1,74 @@
+#pragma once
+
+// What a block has to compute: a tap that nobody hears is not read, and a stretch is as long as
+// the delays that are heard allow.
+
+#include <algorithm>
+#include <cstdint>
+
+#include "engine/Engine.h"
+#include "engine/Stretch.h"
+
+namespace tessel8 {
+inline namespace TESSEL8_ISA {
+
+struct BlockPlan {
+    uint32_t read = 0;         ///< taps whose lines are read, one bit a tap
+    uint32_t bus = 0;          ///< taps that give something to the master feedback's bus
+    uint32_t zeroDelay = 0;    ///< read taps that hear what their lines get in the same frame
+    bool ownFeedback = false;  ///< some tap of the loop's groups feeds its own lines
+    bool tapsFirst = false;    ///< what is written needs the taps' outputs of the same stretch
+    bool singleFrames = false;
+    bool masterFb = false;
+    int selectedTap = 0;
+
+    template <int Lanes, bool GateAtInput>
+    static BlockPlan of(const Engine& e) {
+        BlockPlan plan;
+        plan.masterFb = e.masterFbOn != 0;
+        plan.selectedTap = std::clamp(e.selectedTap, 0, kTaps - 1);
+        const bool busHeard = plan.masterFb && e.fbInputSrc == FeedbackInput::Bus;
+        bool afterTap = false;
+        for (int t = 0; t < kTaps; ++t) {
+            const uint32_t bit = 1u << t;
+            const size_t lane = size_t(t);
+            const bool sent = e.tapFbAmount[lane] != 0.0f;
+            const bool inLoop = t < Lanes;
+            if (busHeard && sent) {
+                plan.bus |= bit;
+                afterTap |= inLoop && e.busFbSrc[t] == FeedbackSource::AfterTap;
+            }
+            // A feedback amount that has just become zero leaves one sample behind.
+            const bool feeds = inLoop && e.tapFbSrc[t] != FeedbackSource::None &&
+                               (sent || e.postFbL[lane] != 0.0f || e.postFbR[lane] != 0.0f);
+            plan.ownFeedback |= feeds;
+            afterTap |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap;
+            const bool selected = plan.masterFb && !busHeard && t == plan.selectedTap;
+            const bool heard = inLoop && (GateAtInput || e.tapGate[lane] != 0.0f || feeds);
+            if (heard || selected || (plan.bus & bit)) {
+                plan.read |= bit;
+                plan.zeroDelay |= e.readDelay[t] == 0 ? bit : 0;
+            }
+        }
+        plan.tapsFirst = afterTap;
+        plan.singleFrames = afterTap && plan.zeroDelay != 0;
+        return plan;
+    }
+
+    bool reads(int tap) const { return read >> tap & 1u; }
+    bool readsAtZero(int tap) const { return zeroDelay >> tap & 1u; }
+
+    /// Frames that can be computed together from the present positions on.
+    int stretch(const Engine& e, int32_t framesLeft) const {
+        int32_t n = std::min({framesLeft, int32_t(kStretch), e.ringLen - e.writePos});
+        for (int t = 0; t < kTaps; ++t) {
+            if (reads(t) && !readsAtZero(t)) {
+                n = std::min({n, e.readDelay[t], e.ringLen - e.readPos[t]});
+            }
+        }
+        return singleFrames ? 1 : n;
+    }
+};
+
+}  // namespace TESSEL8_ISA
+}  // namespace tessel8

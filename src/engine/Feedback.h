@@ -1,0 +1,157 @@
+#pragma once
+
+// The two feedback networks and the writing of the lines.
+
+#include "engine/BlockPlan.h"
+#include "engine/Engine.h"
+#include "engine/Lines.h"
+#include "engine/Stretch.h"
+
+namespace tessel8 {
+inline namespace TESSEL8_ISA {
+
+/// Sum of what the taps gave to the bus in the previous frame.
+TESSEL8_INLINE float busOfPreviousFrame(const Engine& e, const TapBlock& pre,
+                                        const TapBlock& post) {
+    alignas(32) float source[kTaps];
+    for (int t = 0; t < kTaps; ++t) {
+        source[t] = e.busFbSrc[t] == FeedbackSource::AfterTap ? post[size_t(t)] : pre[size_t(t)];
+    }
+    return sumOfLanes(Pack<kTaps>::load(source));
+}
+
+/// The input of the master feedback in MultiTap, one channel. The bus runs one frame behind the
+/// taps. Taps that the loop does not compute keep what they gave last.
+template <int Lanes, bool GateAtInput>
+TESSEL8_INLINE void readBus(const Engine& e, const BlockPlan& plan, Channel channel,
+                            const Workspace<Lanes>& w, Row& to) {
+    const bool left = channel == Channel::Left;
+    const TapBlock& post = left ? e.postFbL : e.postFbR;
+    to[0] = busOfPreviousFrame(e, left ? e.preFbL : e.preFbR, post);
+    for (int i = 1; i < w.frames; ++i) {
+        to[i] = 0.0f;
+    }
+    for (int t = 0; t < kTaps; ++t) {
+        if (!(plan.bus >> t & 1u)) {
+            continue;
+        }
+        if (e.busFbSrc[t] == FeedbackSource::AfterTap) {
+            const auto& tile = left ? w.postFbL : w.postFbR;
+            for (int i = 1; i < w.frames; ++i) {
+                to[i] += t < Lanes ? tile.v[i - 1][t % Lanes] : post[size_t(t)];
+            }
+        } else {
+            const float* const raw =
+                rawRead<GateAtInput>(e, plan, channel, t, left ? w.inL : w.inR);
+            const float amount = e.tapFbAmount[size_t(t)];
+            for (int i = 1; i < w.frames; ++i) {
+                to[i] += raw[i - 1] * amount;
+            }
+        }
+    }
+}
+
+/// The master feedback: one stereo signal, panned, filtered and saturated. Leaves its result in
+/// `fbL` and `fbR` of the workspace.
+template <int Lanes, bool GateAtInput>
+TESSEL8_INLINE void runMasterFeedback(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
+    Row fromL;
+    Row fromR;
+    if (e.fbInputSrc == FeedbackInput::Bus) {
+        readBus<Lanes, GateAtInput>(e, plan, Channel::Left, w, fromL);
+        readBus<Lanes, GateAtInput>(e, plan, Channel::Right, w, fromR);
+    } else {
+        const int tap = plan.selectedTap;
+        const float* rawL = rawRead<GateAtInput>(e, plan, Channel::Left, tap, w.inL);
+        const float* rawR = rawRead<GateAtInput>(e, plan, Channel::Right, tap, w.inR);
+        for (int i = 0; i < w.frames; ++i) {
+            fromL[i] = rawL[i];
+            fromR[i] = rawR[i];
+        }
+    }
+    const float gain = e.fbGain[0];
+    const Quad pan = e.fbPanMatrix;
+    for (int i = 0; i < w.frames; ++i) {
+        const float left = fromL[i] * gain;
+        const float right = fromR[i] * gain;
+        w.fbL[i] = left * pan[0] + right * pan[1];
+        w.fbR[i] = left * pan[2] + right * pan[3];
+    }
+    for (int i = 0; i < w.frames; ++i) {
+        w.fbL[i] = clampScalar(w.fbL[i], -kSignalLimit, kSignalLimit);
+        w.fbR[i] = clampScalar(w.fbR[i], -kSignalLimit, kSignalLimit);
+    }
+    e.fbSignalL = w.fbL[w.frames - 1];
+    e.fbSignalR = w.fbR[w.frames - 1];
+}
+
+/// Lanes of the taps that take their feedback from `source`.
+template <int Lanes>
+TESSEL8_INLINE Mask<Lanes> lanesFrom(const Engine& e, FeedbackSource source) {
+    alignas(32) float on[kTaps];
+    for (int t = 0; t < kTaps; ++t) {
+        on[t] = e.tapFbSrc[t] == source ? 1.0f : 0.0f;
+    }
+    return Pack<Lanes>::load(on) != Pack<Lanes>::all(0.0f);
+}
+
+/// Input, master feedback and own feedback into one channel's lines, in that order of addition.
+template <int Lanes, bool GateAtInput>
+TESSEL8_INLINE void writeChannel(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w,
+                                 Channel channel) {
+    using P = Pack<Lanes>;
+    const bool left = channel == Channel::Left;
+    const Row& input = left ? w.inL : w.inR;
+    const Row& fb = left ? w.fbL : w.fbR;
+    const bool gated = GateAtInput || plan.ownFeedback;
+    if (!gated || Lanes < kTaps) {
+        Row row;
+        for (int i = 0; i < w.frames; ++i) {
+            row[i] = plan.masterFb ? input[i] + fb[i] : input[i];
+        }
+        fillLines(e, channel, gated ? Lanes : 0, kTaps, w.frames, row);
+        if (!gated) {
+            return;
+        }
+    }
+    const Tile<Lanes>& raw = left ? w.rawL : w.rawR;
+    const Tile<Lanes>& postTile = left ? w.postFbL : w.postFbR;
+    const P gate = P::load(e.tapGate.v);
+    const P amount = P::load(e.tapFbAmount.v);
+    const P nothing = P::all(0.0f);
+    const Mask<Lanes> before = lanesFrom<Lanes>(e, FeedbackSource::BeforeTap);
+    const Mask<Lanes> after = lanesFrom<Lanes>(e, FeedbackSource::AfterTap);
+    P post = P::load(left ? e.postFbL.v : e.postFbR.v);
+    Tile<Lanes> lines;
+    for (int i = 0; i < w.frames; ++i) {
+        P line = P::all(input[i]);
+        if (GateAtInput) {
+            line = line * gate;
+        }
+        if (plan.masterFb) {
+            line = line + P::all(fb[i]);
+        }
+        if (plan.ownFeedback) {
+            const P own = select(before, raw.at(i) * amount, select(after, post, nothing));
+            line = line + own;
+            post = postTile.at(i);
+        }
+        lines.set(i, line);
+    }
+    scatterWrites(e, channel, w.frames, lines);
+}
+
+/// What the next frame's bus and the taps' own feedback start from.
+template <int Lanes, bool GateAtInput>
+TESSEL8_INLINE void keepPreFeedback(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
+    for (int t = 0; t < kTaps; ++t) {
+        const float amount = e.tapFbAmount[size_t(t)];
+        const float* const left = rawRead<GateAtInput>(e, plan, Channel::Left, t, w.inL);
+        const float* const right = rawRead<GateAtInput>(e, plan, Channel::Right, t, w.inR);
+        e.preFbL[size_t(t)] = left[w.frames - 1] * amount;
+        e.preFbR[size_t(t)] = right[w.frames - 1] * amount;
+    }
+}
+
+}  // namespace TESSEL8_ISA
+}  // namespace tessel8

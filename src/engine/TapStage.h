@@ -1,0 +1,112 @@
+#pragma once
+
+// What happens to a tap between its read and the sums: fade, gain, width, balance, limit, split.
+
+#include <algorithm>
+#include <limits>
+
+#include "engine/Engine.h"
+#include "engine/Stretch.h"
+
+namespace tessel8 {
+inline namespace TESSEL8_ISA {
+
+/// A tap is silent for `fadeHoldLen` frames after its delay was changed and then fades in. The
+/// count is common to all taps: a second change restarts the silence of a tap that still fades.
+template <int Lanes>
+TESSEL8_INLINE void fadeIn(Engine& e, Workspace<Lanes>& w) {
+    using P = Pack<Lanes>;
+    const P full = P::all(1.0f);
+    P fade = P::load(e.tapFade.v);
+    // Frames before the count exceeds the hold; the count itself stops at its maximum.
+    const int64_t held = std::max<int64_t>(int64_t(e.fadeHoldLen) - e.fadeHoldCount, 0);
+    if (!anyLane(fade != full)) {
+        return;
+    }
+    const P step = P::all(e.fadeStep);
+    for (int i = 0; i < w.frames; ++i) {
+        if (i >= held) {
+            fade = min(fade + step, full);
+        }
+        w.signalL.set(i, w.signalL.at(i) * fade);
+        w.signalR.set(i, w.signalR.at(i) * fade);
+    }
+    fade.store(e.tapFade.v);
+}
+
+TESSEL8_INLINE void countFrames(Engine& e, int frames) {
+    constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
+    e.fadeHoldCount += std::min(frames, kMost - e.fadeHoldCount);
+}
+
+/// Gain, width matrix and balance.
+template <int Lanes>
+TESSEL8_INLINE void amplify(Engine& e, Workspace<Lanes>& w) {
+    using P = Pack<Lanes>;
+    const float take = e.smooth30.take;
+    const float keep = e.smooth30.keep;
+    Glide<Lanes> gain(e.tapGainSmooth.v, e.tapGainTarget.v, take, keep);
+    Glide<Lanes> panL(e.panGainSmoothL.v, e.panGainTargetL.v, take, keep);
+    Glide<Lanes> panR(e.panGainSmoothR.v, e.panGainTargetR.v, take, keep);
+    const P direct = P::load(e.widthDirect.v);
+    const P cross = P::load(e.widthCross.v);
+    const auto place = [&](int i, const P& g, const P& l, const P& r) {
+        const P left = w.signalL.at(i) * g;
+        const P right = w.signalR.at(i) * g;
+        w.signalL.set(i, (left * direct + right * cross) * l);
+        w.signalR.set(i, (right * direct + left * cross) * r);
+    };
+    if (gain.settled && panL.settled && panR.settled) {
+        for (int i = 0; i < w.frames; ++i) {
+            place(i, gain.value, panL.value, panR.value);
+        }
+        return;
+    }
+    for (int i = 0; i < w.frames; ++i) {
+        place(i, gain.step(), panL.step(), panR.step());
+    }
+    gain.value.store(e.tapGainSmooth.v);
+    panL.value.store(e.panGainSmoothL.v);
+    panR.value.store(e.panGainSmoothR.v);
+}
+
+/// Gate, limit and split into direct sound, reverb send and feedback; sums over the taps.
+template <int Lanes, bool GateAtInput>
+TESSEL8_INLINE void collect(Engine& e, Workspace<Lanes>& w) {
+    using P = Pack<Lanes>;
+    const P gate = P::load(e.tapGate.v);
+    const P low = P::all(-kSignalLimit);
+    const P high = P::all(kSignalLimit);
+    const P direct = P::load(e.revDirect.v);
+    const P send = P::load(e.revSend.v);
+    const P amount = P::load(e.tapFbAmount.v);
+    const bool sending = anyLane(send != P::all(0.0f));
+    const auto limit = [&](const P& x) {
+        return GateAtInput ? clamp(x, low, high) : clamp(x * gate, low, high) * gate;
+    };
+    for (int i = 0; i < w.frames; ++i) {
+        const P left = limit(w.signalL.at(i));
+        const P right = limit(w.signalR.at(i));
+        const P directL = left * direct;
+        const P directR = right * direct;
+        w.postFbL.set(i, directL * amount);
+        w.postFbR.set(i, directR * amount);
+        w.sumL[i] = sumOfLanes(directL);
+        w.sumR[i] = sumOfLanes(directR);
+        if (sending) {
+            w.sendL[i] = sumOfLanes(left * send);
+            w.sendR[i] = sumOfLanes(right * send);
+        }
+    }
+    if (!sending) {
+        std::fill_n(w.sendL.v, w.frames, 0.0f);
+        std::fill_n(w.sendR.v, w.frames, 0.0f);
+    }
+    for (int i = 0; i < w.frames; ++i) {
+        w.sumL[i] = clampScalar(w.sumL[i], -kSignalLimit, kSignalLimit);
+        w.sumR[i] = clampScalar(w.sumR[i], -kSignalLimit, kSignalLimit);
+    }
+}
+
+}  // namespace TESSEL8_ISA
+}  // namespace tessel8

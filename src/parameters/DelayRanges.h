@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace tessel8 {
+
+/// What a delay slider at its top stands for, by the step of `ZoomDel`: a fraction of the delay
+/// memory in Time mode (steps 0 to 5) and at step 18, beats and bars between.
+struct DelayRange {
+    const char* text;
+    float fraction;  ///< of the delay memory; for steps 6 to 17 in bars
+    bool inBars;
+};
+
+inline constexpr std::array<DelayRange, 19> kDelayRanges{{
+    {"100 ms", 0.0125f, false}, {"500 ms", 0.0625f, false}, {"1000 ms", 0.125f, false},
+    {"2000 ms", 0.25f, false},  {"4000 ms", 0.5f, false},   {"8000 ms", 1.0f, false},
+    {"1 beat", 0.25f, true},    {"1 bar", 1.0f, true},      {"2 bars", 2.0f, true},
+    {"3 bars", 3.0f, true},     {"4 bars", 4.0f, true},     {"5 bars", 5.0f, true},
+    {"6 bars", 6.0f, true},     {"7 bars", 7.0f, true},     {"8 bars", 8.0f, true},
+    {"9 bars", 9.0f, true},     {"10 bars", 10.0f, true},   {"11 bars", 11.0f, true},
+    {"8000 ms", 1.0f, false},
+}};
+
+constexpr int32_t kFirstNoteRange = 6;   ///< "1 beat"
+constexpr int32_t kWholeTimeRange = 5;   ///< all of the memory in Time mode
+constexpr int32_t kWholeNoteRange = 18;  ///< all of the memory on the grid
+
+}  // namespace tessel8

@@ -1,0 +1,233 @@
+#include "shell/Tessel8.h"
+
+#include <cstring>
+#include <memory>
+
+#include "editor/Tessel8Editor.h"
+#include "engine/DenormalGuard.h"
+#include "parameters/ParameterTexts.h"
+#include "shell/Version.h"
+
+namespace tessel8 {
+
+Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
+    // Without rings this ends in "no memory": the effect is transparent until a rate arrives.
+    Tessel8::resume();
+    auto panel = std::make_unique<Tessel8Editor>();
+    parameters.connect(static_cast<EditorLink*>(panel.get()));
+    setEditor(std::move(panel));
+    setNumInputs(2);
+    setNumOutputs(2);
+    canProcessReplacing(true);
+    setUniqueID(kUniqueId);
+    parameters.connect(this, this);
+    finishConstruction();
+    selectProgram(0);
+}
+
+Tessel8::~Tessel8() {
+    rateOk = false;
+    Tessel8::releaseEngineMemory();
+}
+
+bool Tessel8::isRateInRange() const {
+    return sampleRate >= kLowestRate && sampleRate <= kHighestRate;
+}
+
+void Tessel8::setSampleRate(float rate) {
+    engine.ready = false;
+    rateOk = false;
+    sampleRate = rate;
+    parameters.setSampleRate(rate);
+    if (!isRateInRange()) {
+        engineStatus = EngineStatus::RateRefused;
+        return;
+    }
+    rateOk = true;
+    if (!engine.allocateForRate(rate)) {
+        engineStatus = EngineStatus::NoMemory;
+        return;
+    }
+    engine.ready = true;
+}
+
+void Tessel8::suspend() {
+    engine.ready = false;
+    // A block that runs on another thread is given a moment; a host that never comes back out of
+    // one must not hang us.
+    for (int turn = 0; engine.inProcess && turn < 200; ++turn) {
+    }
+    engine.inProcess = false;
+    engineStatus = EngineStatus::Suspended;
+    engine.writePos = 0;
+    resetEngineState();
+    engine.clearRings();
+    engine.reverb.clearLines();
+}
+
+void Tessel8::resume() {
+    engine.ready = false;
+    AudioEffectX::resume();
+    rateOk = isRateInRange();
+    engineStatus = rateOk ? EngineStatus::Ready : EngineStatus::RateRefused;
+    engine.writePos = 0;
+    engine.setSmoothingRate(sampleRate);
+    parameters.recalculateForRate();
+    if (engine.hasMemory()) {
+        engine.ready = true;
+    } else {
+        engineStatus = EngineStatus::NoMemory;
+    }
+    engine.endFades();
+    requestPanic(false);
+}
+
+bool Tessel8::runsEngine() const {
+    return parameters.isPowered() && engine.ready && rateOk && !engine.panicRequested &&
+           !loadingProgram;
+}
+
+void Tessel8::processReplacing(float** inputs, float** outputs, int32_t sampleFrames) {
+    engine.inProcess = true;
+    parameters.beginBlock();
+    {
+        const DenormalGuard guard;
+        if (runsEngine()) {
+            engine.beginBlock();
+            engine.process(inputs, outputs, sampleFrames);
+        } else {
+            if (engine.clearPending) {
+                clearEngine();
+                engine.clearPending = false;
+            }
+            engine.panicRequested = false;
+            engine.passThrough(inputs, outputs, sampleFrames);
+        }
+    }
+    engine.inProcess = false;
+    if (parameters.isDirty()) {
+        mirrorAppliedValues();
+    }
+}
+
+void Tessel8::releaseEngineMemory() {
+    engine.ready = false;
+    engineStatus = EngineStatus::NoMemory;
+    engine.releaseMemory();
+}
+
+void Tessel8::resetEngineState() {
+    engine.resetState();
+    parameters.endMidiLearn();
+}
+
+void Tessel8::clearEngine() {
+    engine.clear();
+    parameters.endMidiLearn();
+}
+
+void Tessel8::requestPanic(bool on) {
+    engine.panicRequested = on;
+    engine.clearPending = on;
+}
+
+void Tessel8::takeInputPeaks(float* left, float* right) {
+    *left = engine.takeMeter(0);
+    *right = engine.takeMeter(1);
+}
+
+void Tessel8::takeOutputPeaks(float* left, float* right) {
+    *left = engine.takeMeter(2);
+    *right = engine.takeMeter(3);
+}
+
+void Tessel8::restartTapFade(int32_t index) {
+    const int32_t tap = index - parameterIndex(Family::DelayT);
+    if (tap >= 0 && tap < kTaps) {
+        engine.restartFade(tap);
+    }
+}
+
+void Tessel8::resetToDefaults() {
+    parameters.resetToDefaults();
+}
+
+void Tessel8::applyParameter(int32_t index, float value) {
+    parameters.apply(index, value);
+}
+
+float Tessel8::appliedValue(int32_t index) {
+    return parameters.applied(index);
+}
+
+void Tessel8::mirrorAppliedValues() {
+    parameters.mirrorAppliedValues();
+}
+
+void Tessel8::setParameter(int32_t index, float value) {
+    applyParameter(index, value);
+}
+
+float Tessel8::getParameter(int32_t index) {
+    return parameters.stored(index);
+}
+
+void Tessel8::getParameterName(int32_t index, char* text) {
+    std::strcpy(text, parameterName(index));
+}
+
+void Tessel8::getParameterLabel(int32_t index, char* text) {
+    std::strcpy(text, parameterLabel(index));
+}
+
+void Tessel8::getParameterDisplay(int32_t index, char* text) {
+    writeDisplayText(parameters, index, text);
+}
+
+bool Tessel8::getEffectName(char* text) {
+    std::strcpy(text, "Vantor Tessel Echo");
+    return true;
+}
+
+bool Tessel8::getVendorString(char* text) {
+    std::strcpy(text, "Vantoraudio");
+    return true;
+}
+
+bool Tessel8::getProductString(char* text) {
+    std::strcpy(text, "Vantor Tessel Echo - 8 tap delay plug-in");
+    return true;
+}
+
+int32_t Tessel8::getVendorVersion() {
+    return getVersion(nullptr);
+}
+
+int32_t Tessel8::getVersion(char* text) {
+    return versionNumber(kVersionLiteral, text);
+}
+
+int32_t Tessel8::canDo(const char* text) {
+    // The effect takes MIDI exactly where the host sends it.
+    return std::strcmp(text, "receiveVstMidiEvent") == 0 && canHostDo("sendVstMidiEvent");
+}
+
+bool Tessel8::hostTempo(double& bpm) {
+    const VstTimeInfo* time = getTimeInfo(kVstTempoValid);
+    if (!time || !(time->flags & kVstTempoValid)) {
+        return false;
+    }
+    bpm = time->tempo;
+    return true;
+}
+
+bool Tessel8::songPosition(double& quarterNotes) {
+    const VstTimeInfo* time = getTimeInfo(kVstPpqPosValid);
+    if (!time || !(time->flags & kVstPpqPosValid)) {
+        return false;
+    }
+    quarterNotes = time->ppqPos;
+    return true;
+}
+
+}  // namespace tessel8
