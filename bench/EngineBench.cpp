@@ -17,8 +17,12 @@ namespace {
 /// An engine with its parameters at a rate, two seconds into the sound.
 class Bench {
   public:
-    Bench(const Scenario& scenario, float rate, int32_t block)
-        : frames(block), left(size_t(block)), right(size_t(block)), out(2 * size_t(block)) {
+    Bench(const Scenario& scenario, float rate, int32_t block, InstructionSet set)
+        : engine(set),
+          frames(block),
+          left(size_t(block)),
+          right(size_t(block)),
+          out(2 * size_t(block)) {
         engine.allocateForRate(rate);
         engine.setSmoothingRate(rate);
         parameters.setSampleRate(rate);
@@ -54,8 +58,9 @@ class Bench {
     std::vector<float> left, right, out;
 };
 
-void measure(benchmark::State& state, const Scenario& scenario, float rate, int32_t block) {
-    const auto bench = std::make_unique<Bench>(scenario, rate, block);
+void measure(benchmark::State& state, const Scenario& scenario, float rate, int32_t block,
+             InstructionSet set) {
+    const auto bench = std::make_unique<Bench>(scenario, rate, block, set);
     for (auto _ : state) {
         bench->run();
     }
@@ -66,13 +71,22 @@ void measure(benchmark::State& state, const Scenario& scenario, float rate, int3
     state.counters["x_realtime"] = benchmark::Counter(double(block) / double(rate), perSecond);
 }
 
+void add(const Scenario& scenario, int32_t rate, int32_t block, InstructionSet set) {
+    const std::string name = scenario.name + "/" + std::to_string(rate) + "/" +
+                             std::to_string(block) + "/" + nameOf(set);
+    benchmark::RegisterBenchmark(name.c_str(), measure, scenario, float(rate), block, set);
+}
+
 void registerAll() {
     for (const Scenario& scenario : scenarios()) {
         for (const int32_t rate : {44100, 192000}) {
             for (const int32_t block : {16, 64, 256, 1024, 4096}) {
-                const std::string name =
-                    scenario.name + "/" + std::to_string(rate) + "/" + std::to_string(block);
-                benchmark::RegisterBenchmark(name.c_str(), measure, scenario, float(rate), block);
+                add(scenario, rate, block, bestInstructionSet());
+            }
+        }
+        for (const InstructionSet set : kInstructionSets) {
+            if (isSupported(set)) {
+                add(scenario, 48000, 256, set);
             }
         }
     }

@@ -23,6 +23,29 @@ void soundingTaps(Parameters& p, int count) {
     }
 }
 
+/// Every processor at work on every tap.
+void everything(Parameters& p) {
+    soundingTaps(p, kTaps);
+    for (int tap = 0; tap < kTaps; ++tap) {
+        set(p, Family::ActFltT, 1.0f, tap);
+        set(p, Family::TypeFT, float(tap) / 7.0f, tap);
+        set(p, Family::DepthFT, 0.7f, tap);
+        set(p, Family::SourceF, 0.0f, tap);
+        set(p, Family::ActDrvT, 1.0f, tap);
+        set(p, Family::DriveT, 0.5f, tap);
+        set(p, Family::ActRevT, 1.0f, tap);
+    }
+    set(p, Family::ActMod, 1.0f);
+    set(p, Family::FreqMod, 0.3f);
+    set(p, Family::TypeRev, 1.0f);
+    set(p, Family::ActRev, 1.0f);
+    set(p, Family::ActiveFB, 1.0f);
+    set(p, Family::GainFB, 0.2f);
+    set(p, Family::ActFltFB, 1.0f);
+    set(p, Family::DepthFB, 0.7f);
+    set(p, Family::ActDrvFB, 1.0f);
+}
+
 }  // namespace
 
 const std::vector<Scenario>& scenarios() {
@@ -36,6 +59,7 @@ const std::vector<Scenario>& scenarios() {
              soundingTaps(p, 8);
              set(p, Family::ModeFB, 2.0f);
          }},
+        {"everything", 8, everything},
     };
     return all;
 }
