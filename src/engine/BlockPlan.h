@@ -21,6 +21,9 @@ struct BlockPlan {
     bool singleFrames = false;
     bool masterFb = false;
     int selectedTap = 0;
+    bool modulation = false;
+    bool followerHeard = false;  ///< a filter takes something of the follower
+    int32_t followerSource = Follower::kMasterIn;
 
     template <int Lanes, bool GateAtInput>
     static BlockPlan of(const Engine& e) {
@@ -28,6 +31,9 @@ struct BlockPlan {
         plan.masterFb = e.masterFbOn != 0;
         plan.selectedTap = std::clamp(e.selectedTap, 0, kTaps - 1);
         const bool busHeard = plan.masterFb && e.fbInputSrc == FeedbackInput::Bus;
+        plan.followerSource = e.follower.source;
+        plan.modulation = e.lfo.wave != LfoWave::Off;
+        bool followed = plan.masterFb && e.fbEfAmount != 0.0f;
         bool afterTap = false;
         for (int t = 0; t < kTaps; ++t) {
             const uint32_t bit = 1u << t;
@@ -44,15 +50,28 @@ struct BlockPlan {
             plan.ownFeedback |= feeds;
             afterTap |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap;
             const bool selected = plan.masterFb && !busHeard && t == plan.selectedTap;
-            const bool heard = inLoop && (GateAtInput || e.tapGate[lane] != 0.0f || feeds);
+            followed |= inLoop && e.tapEfAmount[lane] != 0.0f;
+            const bool heard = inLoop && (GateAtInput || e.tapGate[lane] != 0.0f || feeds ||
+                                          plan.followerSource == t + 1);
             if (heard || selected || (plan.bus & bit)) {
                 plan.read |= bit;
                 plan.zeroDelay |= e.readDelay[t] == 0 ? bit : 0;
             }
         }
         plan.tapsFirst = afterTap;
-        plan.singleFrames = afterTap && plan.zeroDelay != 0;
+        plan.followerHeard = plan.modulation && followed;
+        plan.singleFrames =
+            (afterTap && plan.zeroDelay != 0) || (plan.followerHeard && plan.followerWaits());
         return plan;
+    }
+
+    bool followsZeroDelay() const {
+        return followerSource > Follower::kMasterIn && followerSource < Follower::kMasterOut &&
+               readsAtZero(followerSource - 1);
+    }
+    /// The follower's source is worked out later in the stretch than the LFO.
+    bool followerWaits() const {
+        return followerSource == Follower::kMasterOut || followsZeroDelay();
     }
 
     bool reads(int tap) const { return read >> tap & 1u; }
@@ -61,6 +80,9 @@ struct BlockPlan {
     /// Frames that can be computed together from the present positions on.
     int stretch(const Engine& e, int32_t framesLeft) const {
         int32_t n = std::min({framesLeft, int32_t(kStretch), e.ringLen - e.writePos});
+        if (e.reverb.on) {
+            n = std::min(n, e.reverb.shortest);
+        }
         for (int t = 0; t < kTaps; ++t) {
             if (reads(t) && !readsAtZero(t)) {
                 n = std::min({n, e.readDelay[t], e.ringLen - e.readPos[t]});

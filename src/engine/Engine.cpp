@@ -28,7 +28,7 @@ float larger(float a, float b) {
 
 }  // namespace
 
-Engine::Engine() : loops(sampleLoopsSse2()) {
+Engine::Engine(InstructionSet set) : loops(sampleLoops(set)) {
     if (!buildOctaveTable(octaveTable) || !buildSineTable(sineTable) ||
         !buildSquareTable(squareTable)) {
         throw std::bad_alloc();
@@ -160,9 +160,9 @@ void Engine::beginBlock() {
 }
 
 void Engine::process(const float* const* inputs, float* const* outputs, int32_t frames) {
-    const SampleLoop loop = gateAtInput  ? loops.gatedInput
-                            : anyTapHigh ? loops.eightTaps
-                                         : loops.fourTaps;
+    const SampleLoop loop = gateAtInput  ? loops.processGatedInput
+                            : anyTapHigh ? loops.processEightTaps
+                                         : loops.processFourTaps;
     loop(*this, inputs, outputs, frames);
 }
 

@@ -53,9 +53,9 @@ struct Biquad {
     Values x1{}, x2{}, y1{}, y2{};
 };
 
-/// Memory of the state-variable filter, left and right.
+/// Memory of the state-variable filter; lanes left, right, left, right.
 struct StateVariable {
-    std::array<float, 2> in{}, low{}, high{}, band{};
+    Quad in, low, high, band;
 };
 
 /// The whole state of the signal path as one flat record. It knows nothing but sound: no
@@ -160,15 +160,16 @@ struct Engine {
     TapBlock tapFltGainSmooth, tapFltRootSmooth;
     Biquad<TapBlock> tapBqL, tapBqR;
     float fbFreqSmooth = 0.0f;
-    Biquad<std::array<float, 2>> fbBq;  ///< left, right
+    Biquad<Quad> fbBq;  ///< lanes left, right, left, right
     StateVariable fbSvf;
 
     std::array<std::atomic<float>, 4> meters{};  ///< peaks: input L, R, output L, R
 
     // --- operations -------------------------------------------------------------------------
 
-    /// Builds the tables that no rate changes. Throws std::bad_alloc without memory.
-    Engine();
+    /// Builds the tables that no rate changes and chooses the loops. Throws std::bad_alloc
+    /// without memory. The set must be one that this processor has.
+    explicit Engine(InstructionSet set = bestInstructionSet());
 
     /// Allocates and zeroes rings, reverb lines and frequency tables for `rate` (44.1 to
     /// 192 kHz) and starts at the rings' beginning. False where memory is missing; what was got

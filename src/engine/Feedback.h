@@ -4,7 +4,9 @@
 
 #include "engine/BlockPlan.h"
 #include "engine/Engine.h"
+#include "engine/FeedbackFilter.h"
 #include "engine/Lines.h"
+#include "engine/Saturator.h"
 #include "engine/Stretch.h"
 
 namespace tessel8 {
@@ -54,7 +56,10 @@ TESSEL8_INLINE void readBus(const Engine& e, const BlockPlan& plan, Channel chan
 /// The master feedback: one stereo signal, panned, filtered and saturated. Leaves its result in
 /// `fbL` and `fbR` of the workspace.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void runMasterFeedback(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
+TESSEL8_INLINE void runMasterFeedback(Engine& e, const BlockPlan& plan, const ModulationRows& mod,
+                                      Workspace<Lanes>& w) {
+    Row hz;
+    sweepFbFrequency(e, mod, w.frames, hz);
     Row fromL;
     Row fromR;
     if (e.fbInputSrc == FeedbackInput::Bus) {
@@ -77,9 +82,19 @@ TESSEL8_INLINE void runMasterFeedback(Engine& e, const BlockPlan& plan, Workspac
         w.fbL[i] = left * pan[0] + right * pan[1];
         w.fbR[i] = left * pan[2] + right * pan[3];
     }
+    if (e.fbFilterOn) {
+        filterFeedback(e, hz, w.frames, w.fbL, w.fbR);
+    }
     for (int i = 0; i < w.frames; ++i) {
         w.fbL[i] = clampScalar(w.fbL[i], -kSignalLimit, kSignalLimit);
         w.fbR[i] = clampScalar(w.fbR[i], -kSignalLimit, kSignalLimit);
+    }
+    if (e.fbSaturatorOn) {
+        const float ceiling = e.fbCeiling[0];
+        for (int i = 0; i < w.frames; ++i) {
+            w.fbL[i] = saturatedScalar(w.fbL[i], ceiling);
+            w.fbR[i] = saturatedScalar(w.fbR[i], ceiling);
+        }
     }
     e.fbSignalL = w.fbL[w.frames - 1];
     e.fbSignalR = w.fbR[w.frames - 1];

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace tessel8 {
 
@@ -105,6 +106,19 @@ void Reverb::build(float rate) {
     for (size_t k = 0; k < 4; ++k) {
         diffRead[k] = distance(s.diffuser[k], s.diffuserFactor);
     }
+    const auto distanceBehind = [this](int32_t write) {
+        return [=, this](int32_t nearest, int32_t read) {
+            return std::min(nearest, (write - read) & mask);
+        };
+    };
+    shortest = mask;
+    if (!plate) {
+        shortest =
+            std::accumulate(lineRead.begin(), lineRead.end(), shortest, distanceBehind(lineWrite));
+    }
+    shortest = std::accumulate(apRead.begin(), apRead.end(), shortest, distanceBehind(apWrite));
+    shortest = std::accumulate(diffRead.begin(), diffRead.end(), shortest, distanceBehind(apWrite));
+    shortest = std::max(shortest, 1);
     const double w = s.bandRadians / double(rate);
     const double alpha = std::sin(w) / s.bandSharpness;
     band.b0 = float(alpha / (1.0 + alpha));

@@ -25,7 +25,8 @@ struct Reverb {
     int32_t mask = 0;
 
     // positions
-    int32_t plate = 0;  ///< the type that the positions stand for
+    int32_t plate = 0;     ///< the type that the positions stand for
+    int32_t shortest = 1;  ///< shortest read distance in use, samples
     int32_t lineWrite = 0, apWrite = 0;
     std::array<int32_t, 6> lineRead{};
     std::array<int32_t, 6> apRead{};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace tessel8 {
@@ -12,11 +13,22 @@ using SampleLoop = void (*)(Engine& engine, const float* const* inputs, float* c
 
 /// The three loops of one instruction set. They share one source and give the same bits.
 struct SampleLoops {
-    SampleLoop fourTaps;    ///< taps 1 to 4, switches at the taps' outputs
-    SampleLoop eightTaps;   ///< all taps, switches at the taps' outputs
-    SampleLoop gatedInput;  ///< all taps, switches at their lines' inputs
+    SampleLoop processFourTaps;    ///< taps 1 to 4, switches at the taps' outputs
+    SampleLoop processEightTaps;   ///< all taps, switches at the taps' outputs
+    SampleLoop processGatedInput;  ///< all taps, switches at their lines' inputs
 };
 
-SampleLoops sampleLoopsSse2();
+/// What the loops can be built for. The first is the baseline that every processor has.
+enum class InstructionSet : uint8_t { Baseline, Avx2, Avx512 };
+inline constexpr std::array kInstructionSets{InstructionSet::Baseline, InstructionSet::Avx2,
+                                             InstructionSet::Avx512};
+
+const char* nameOf(InstructionSet set);
+/// True if this build has loops for the set and this processor runs them.
+bool isSupported(InstructionSet set);
+/// The widest supported set.
+InstructionSet bestInstructionSet();
+/// The loops of a supported set.
+const SampleLoops& sampleLoops(InstructionSet set);
 
 }  // namespace tessel8

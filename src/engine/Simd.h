@@ -12,7 +12,7 @@
 #include <cstdint>
 
 #ifndef TESSEL8_ISA
-#define TESSEL8_ISA sse2
+#define TESSEL8_ISA baseline
 #endif
 
 #define TESSEL8_INLINE inline __attribute__((always_inline))
@@ -212,6 +212,27 @@ TESSEL8_INLINE F4 loadUnaligned(const float* from) {
 }
 TESSEL8_INLINE void storeUnaligned(float* to, F4 value) {
     __builtin_memcpy(to, &value, sizeof value);
+}
+
+/// Index of `scaled` in a table, truncated and kept inside it whatever comes in.
+TESSEL8_INLINE int32_t tableIndex(float scaled, int32_t entries) {
+    return int32_t(clampScalar(scaled, 0.0f, float(entries - 1)));
+}
+
+/// Lane by lane the table's entry at the truncated value * scale, kept inside the table.
+template <int L>
+TESSEL8_INLINE Pack<L> lookUp(const float* table, const Pack<L>& value, float scale,
+                              int32_t entries) {
+    const Pack<L> inside =
+        clamp(value * Pack<L>::all(scale), Pack<L>::all(0.0f), Pack<L>::all(float(entries - 1)));
+    Pack<L> r;
+    for (int i = 0; i < Pack<L>::kCount; ++i) {
+        const auto index = __builtin_convertvector(inside.part[i], typename Pack<L>::Int);
+        for (int k = 0; k < Pack<L>::kWidth; ++k) {
+            r.part[i][k] = table[index[k]];
+        }
+    }
+    return r;
 }
 
 /// Sum of all lanes: groups of four are added lane by lane, then (0 + 2) + (1 + 3).

@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-#include "engine/Blocks.h"
+#include "engine/Engine.h"
 #include "engine/Simd.h"
 
 namespace tessel8 {
@@ -65,6 +65,20 @@ struct Glide {
         return value;
     }
 };
+
+/// Moves a smoother over a stretch whose single values nobody needs.
+template <int Lanes>
+TESSEL8_INLINE void glideOnly(float* state, const float* target, const Smoothing& smoothing,
+                              int frames) {
+    Glide<Lanes> glide(state, target, smoothing.take, smoothing.keep);
+    if (glide.settled) {
+        return;
+    }
+    for (int i = 0; i < frames; ++i) {
+        glide.step();
+    }
+    glide.value.store(state);
+}
 
 }  // namespace TESSEL8_ISA
 }  // namespace tessel8

@@ -11,27 +11,42 @@
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
-/// A tap is silent for `fadeHoldLen` frames after its delay was changed and then fades in. The
-/// count is common to all taps: a second change restarts the silence of a tap that still fades.
+/// The taps' fades over a stretch. A tap is silent for `fadeHoldLen` frames after its delay was
+/// changed and then fades in. The count is common to all taps: a second change restarts the
+/// silence of a tap that still fades.
 template <int Lanes>
-TESSEL8_INLINE void fadeIn(Engine& e, Workspace<Lanes>& w) {
-    using P = Pack<Lanes>;
-    const P full = P::all(1.0f);
-    P fade = P::load(e.tapFade.v);
-    // Frames before the count exceeds the hold; the count itself stops at its maximum.
-    const int64_t held = std::max<int64_t>(int64_t(e.fadeHoldLen) - e.fadeHoldCount, 0);
-    if (!anyLane(fade != full)) {
-        return;
-    }
-    const P step = P::all(e.fadeStep);
-    for (int i = 0; i < w.frames; ++i) {
-        if (i >= held) {
-            fade = min(fade + step, full);
+struct FadeTile {
+    Tile<Lanes> level;
+    bool full = true;  ///< all taps at full level; `level` is not filled
+
+    TESSEL8_INLINE void advance(Engine& e, int frames) {
+        using P = Pack<Lanes>;
+        const P one = P::all(1.0f);
+        P fade = P::load(e.tapFade.v);
+        full = !anyLane(fade != one);
+        if (full) {
+            return;
         }
-        w.signalL.set(i, w.signalL.at(i) * fade);
-        w.signalR.set(i, w.signalR.at(i) * fade);
+        const P step = P::all(e.fadeStep);
+        const int64_t held = int64_t(e.fadeHoldLen) - e.fadeHoldCount;
+        for (int i = 0; i < frames; ++i) {
+            if (i >= held) {
+                fade = min(fade + step, one);
+            }
+            level.set(i, fade);
+        }
+        fade.store(e.tapFade.v);
     }
-    fade.store(e.tapFade.v);
+};
+
+/// The taps' signals: their raw reads under the fade.
+template <int Lanes>
+TESSEL8_INLINE void fadeReads(const FadeTile<Lanes>& fade, Workspace<Lanes>& w) {
+    for (int i = 0; i < w.frames; ++i) {
+        const bool full = fade.full;
+        w.signalL.set(i, full ? w.rawL.at(i) : w.rawL.at(i) * fade.level.at(i));
+        w.signalR.set(i, full ? w.rawR.at(i) : w.rawR.at(i) * fade.level.at(i));
+    }
 }
 
 TESSEL8_INLINE void countFrames(Engine& e, int frames) {
