@@ -13,7 +13,6 @@ ScalarEngine::ScalarEngine(const Engine& engine) : controls(engine), writePos(en
     lineR = lineL;
     reverb.allocate(engine.reverb.nextRate);
     buildReverb();
-    respreadLfo();
 }
 
 void ScalarEngine::restartFade(int tap) {

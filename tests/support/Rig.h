@@ -18,7 +18,8 @@ struct Rig {
     Parameters parameters{engine};
 
     /// Neutral values, free delay times, wet signal only.
-    explicit Rig(float rate = kLowestRate) {
+    explicit Rig(float rate = kLowestRate, InstructionSet isa = bestInstructionSet())
+        : engine(isa) {
         setRate(rate);
         parameters.resetToDefaults();
         set(Family::TimeMode, 0.0f);

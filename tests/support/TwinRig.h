@@ -15,7 +15,7 @@ namespace tessel8::testing {
 struct TwinRig : Rig {
     reference::ScalarEngine twin;
 
-    explicit TwinRig(float rate = kLowestRate) : Rig(rate), twin(engine) {
+    explicit TwinRig(InstructionSet isa, float rate = kLowestRate) : Rig(rate, isa), twin(engine) {
         for (int tap = 0; tap < kTaps; ++tap) {
             later([=, this] { twin.snapTapFilterGain(tap); });
         }
@@ -133,6 +133,36 @@ struct TwinRig : Rig {
             }
         }
         return ::testing::AssertionSuccess();
+    }
+
+    /// Compares the running state that a later block starts from.
+    ::testing::AssertionResult sameState() const {
+        std::vector<float> expected, got;
+        const auto pair = [&](float ofTwin, float ofEngine) {
+            expected.push_back(ofTwin);
+            got.push_back(ofEngine);
+        };
+        for (size_t t = 0; t < kTaps; ++t) {
+            pair(twin.taps[t].fade, engine.tapFade[t]);
+            pair(twin.taps[t].gain, engine.tapGainSmooth[t]);
+            pair(twin.taps[t].panL, engine.panGainSmoothL[t]);
+            pair(twin.taps[t].panR, engine.panGainSmoothR[t]);
+            pair(twin.taps[t].freq, engine.tapFreqSmooth[t]);
+            pair(twin.taps[t].fltGain, engine.tapFltGainSmooth[t]);
+            pair(twin.taps[t].fltRoot, engine.tapFltRootSmooth[t]);
+        }
+        for (size_t lane = 0; lane < 3; ++lane) {
+            pair(twin.mixSmooth[lane], engine.mixSmooth[lane]);
+        }
+        pair(float(twin.writePos), float(engine.writePos));
+        pair(float(twin.fadeHoldCount), float(engine.fadeHoldCount));
+        pair(twin.follower.mean, engine.follower.mean);
+        pair(twin.follower.dev, engine.follower.dev);
+        pair(twin.follower.fast, engine.follower.fast);
+        pair(twin.lfo.phase, engine.lfo.phase);
+        pair(twin.lfo.phasePos, engine.lfo.phasePos);
+        pair(twin.lfo.phaseNeg, engine.lfo.phaseNeg);
+        return sameSamples(expected, got) << " (state: seven values a tap, then the rest)";
     }
 
     /// Largest output so far: a comparison of silence would prove nothing.
