@@ -25,8 +25,8 @@ TESSEL8_INLINE float busOfPreviousFrame(const Engine& e, const TapBlock& pre,
 /// The input of the master feedback in MultiTap, one channel. The bus runs one frame behind the
 /// taps. Taps that the loop does not compute keep what they gave last.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void readBus(const Engine& e, const BlockPlan& plan, Channel channel,
-                            const Workspace<Lanes>& w, Row& to) {
+void readBus(const Engine& e, const BlockPlan& plan, Channel channel, const Workspace<Lanes>& w,
+             Row& to) {
     const bool left = channel == Channel::Left;
     const TapBlock& post = left ? e.postFbL : e.postFbR;
     to[0] = busOfPreviousFrame(e, left ? e.preFbL : e.preFbR, post);
@@ -56,8 +56,8 @@ TESSEL8_INLINE void readBus(const Engine& e, const BlockPlan& plan, Channel chan
 /// The master feedback: one stereo signal, panned, filtered and saturated. Leaves its result in
 /// `fbL` and `fbR` of the workspace.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void runMasterFeedback(Engine& e, const BlockPlan& plan, const ModulationRows& mod,
-                                      Workspace<Lanes>& w) {
+void runMasterFeedback(Engine& e, const BlockPlan& plan, const ModulationRows& mod,
+                       Workspace<Lanes>& w) {
     Row hz;
     sweepFbFrequency(e, mod, w.frames, hz);
     Row fromL;
@@ -112,8 +112,7 @@ TESSEL8_INLINE Mask<Lanes> lanesFrom(const Engine& e, FeedbackSource source) {
 
 /// Input, master feedback and own feedback into one channel's lines, in that order of addition.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void writeChannel(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w,
-                                 Channel channel) {
+void writeChannel(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w, Channel channel) {
     using P = Pack<Lanes>;
     const bool left = channel == Channel::Left;
     const Row& input = left ? w.inL : w.inR;
@@ -158,7 +157,7 @@ TESSEL8_INLINE void writeChannel(Engine& e, const BlockPlan& plan, Workspace<Lan
 
 /// What the next frame's bus and the taps' own feedback start from.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void keepPreFeedback(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
+void keepPreFeedback(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
     for (int t = 0; t < kTaps; ++t) {
         const float amount = e.tapFbAmount[size_t(t)];
         const float* const left = rawRead<GateAtInput>(e, plan, Channel::Left, t, w.inL);

@@ -12,7 +12,7 @@ namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
 /// Modulated and smoothed frequency, Hz, for every frame.
-TESSEL8_INLINE void sweepFbFrequency(Engine& e, const ModulationRows& mod, int frames, Row& hz) {
+inline void sweepFbFrequency(Engine& e, const ModulationRows& mod, int frames, Row& hz) {
     float now = e.fbFreqSmooth;
     for (int i = 0; i < frames; ++i) {
         float target = e.fbFreqBase;
@@ -36,7 +36,7 @@ TESSEL8_INLINE Pack<4> stereo(float left, float right) {
 
 /// The state-variable filter over a stretch. `State` names the output.
 template <FbFilterType State>
-TESSEL8_INLINE void runStateVariable(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
+void runStateVariable(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
     using P = Pack<4>;
     constexpr int kPasses = 5;
     const float reso = e.fbReso;
@@ -87,7 +87,7 @@ TESSEL8_INLINE TapFilterKind tapKindOf(FbFilterType type) {
     }
 }
 
-TESSEL8_INLINE void runFbBiquad(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
+inline void runFbBiquad(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
     using P = Pack<4>;
     const TapFilterKind tapKind = tapKindOf(e.fbFltType);
     const TapFilterKind kinds[] = {tapKind, tapKind, tapKind, tapKind};
@@ -106,7 +106,7 @@ TESSEL8_INLINE void runFbBiquad(Engine& e, const Row& hz, int frames, Row& left,
     run.keep();
 }
 
-TESSEL8_INLINE void filterFeedback(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
+inline void filterFeedback(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
     switch (e.fbFltType) {
         case FbFilterType::SvfLow:
             runStateVariable<FbFilterType::SvfLow>(e, hz, frames, left, right);

@@ -39,8 +39,8 @@ TESSEL8_INLINE const float* rawRead(const Engine& e, const BlockPlan& plan, Chan
 /// Fills a tile with the reads of the loop's taps. Reads whole vectors, so up to three floats
 /// behind the stretch; those frames of the tile mean nothing.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void gatherReads(const Engine& e, const BlockPlan& plan, Channel channel,
-                                const Row& input, int frames, Tile<Lanes>& tile) {
+void gatherReads(const Engine& e, const BlockPlan& plan, Channel channel, const Row& input,
+                 int frames, Tile<Lanes>& tile) {
     for (int group = 0; group < Lanes; group += 4) {
         const float* from[4];
         for (int k = 0; k < 4; ++k) {
@@ -63,7 +63,7 @@ TESSEL8_INLINE void gatherReads(const Engine& e, const BlockPlan& plan, Channel 
 /// Writes a tile to the lines at `writePos`: exactly `frames` frames, for what stands behind them
 /// is the oldest signal in the ring.
 template <int Lanes>
-TESSEL8_INLINE void scatterWrites(Engine& e, Channel channel, int frames, const Tile<Lanes>& tile) {
+void scatterWrites(Engine& e, Channel channel, int frames, const Tile<Lanes>& tile) {
     for (int group = 0; group < Lanes; group += 4) {
         float* to[4];
         for (int k = 0; k < 4; ++k) {
@@ -90,12 +90,13 @@ TESSEL8_INLINE void scatterWrites(Engine& e, Channel channel, int frames, const 
 }
 
 /// Writes the same row to the lines of taps `first` to `last` - 1.
-TESSEL8_INLINE void fillLines(Engine& e, Channel channel, int first, int last, int frames,
-                              const Row& row) {
+inline void fillLines(Engine& e, Channel channel, int first, int last, int frames, const Row& row) {
     for (int tap = first; tap < last; ++tap) {
         float* const to = lineOf(e, channel, tap) + e.writePos;
-        for (int i = 0; i < frames; ++i) {
-            to[i] = row[i];
+        if (frames == kStretch) {
+            __builtin_memcpy(to, row.v, sizeof row.v);
+        } else {
+            __builtin_memcpy(to, row.v, size_t(frames) * sizeof(float));
         }
     }
 }

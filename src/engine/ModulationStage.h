@@ -23,22 +23,21 @@ TESSEL8_INLINE float nextRandom(uint32_t& state) {
     return float(state >> 16 & 0x7fffu) * 2.0f / 32767.0f - 1.0f;
 }
 
-TESSEL8_INLINE float lfoShape(const Engine& e, LfoWave wave, float phase) {
+template <LfoWave Wave>
+TESSEL8_INLINE float lfoShape(const Engine& e, float phase) {
     constexpr float kHalfPi = kPiFloat / 2.0f;
-    switch (wave) {
-        case LfoWave::Sine:
-            return e.sineTable.data()[tableIndex((phase + kPiFloat) * kSineScale, kSineEntries)];
-        case LfoWave::Square:
-            return phase > 0.0f ? 1.0f : -1.0f;
-        case LfoWave::Triangle: {
-            const float ramp = phase / kHalfPi;
-            if (phase < -kHalfPi) {
-                return -ramp - 2.0f;
-            }
-            return phase > kHalfPi ? -ramp + 2.0f : ramp;
+    if constexpr (Wave == LfoWave::Sine) {
+        return e.sineTable.data()[tableIndex((phase + kPiFloat) * kSineScale, kSineEntries)];
+    } else if constexpr (Wave == LfoWave::Square) {
+        return phase > 0.0f ? 1.0f : -1.0f;
+    } else if constexpr (Wave == LfoWave::Triangle) {
+        const float ramp = phase / kHalfPi;
+        if (phase < -kHalfPi) {
+            return -ramp - 2.0f;
         }
-        default:
-            return phase / kPiFloat;  // saw
+        return phase > kHalfPi ? -ramp + 2.0f : ramp;
+    } else {
+        return phase / kPiFloat;  // saw
     }
 }
 
@@ -60,27 +59,51 @@ TESSEL8_INLINE void advancePhase(float& phase, float step) {
     phase = phase > kPiFloat ? phase - 2.0f * kPiFloat : phase;
 }
 
-TESSEL8_INLINE void runLfo(Engine& e, int frames, ModulationRows& rows) {
-    Lfo lfo = e.lfo;
-    const LfoWave wave = lfo.wave;
-    const float step = lfo.step;
-    lfo.outPos = lfo.outNeg = 0.0f;
+/// The outputs and, behind them, the phases of one wave over a stretch.
+template <LfoWave Wave>
+void runWave(Engine& e, Lfo& lfo, int frames, ModulationRows& rows) {
     for (int i = 0; i < frames; ++i) {
-        if (wave == LfoWave::Random) {
-            holdRandom(lfo, step);
+        if constexpr (Wave == LfoWave::Random) {
+            holdRandom(lfo, lfo.step);
             rows.lfoPositive[i] = clipped(lfo.holdPos);
             rows.lfoNegative[i] = clipped(lfo.holdNeg);
-        } else if (wave != LfoWave::Off) {
-            rows.lfoPositive[i] = clipped(lfoShape(e, wave, lfo.phasePos));
-            rows.lfoNegative[i] = clipped(lfoShape(e, wave, lfo.phaseNeg));
+        } else if constexpr (Wave != LfoWave::Off) {
+            rows.lfoPositive[i] = clipped(lfoShape<Wave>(e, lfo.phasePos));
+            rows.lfoNegative[i] = clipped(lfoShape<Wave>(e, lfo.phaseNeg));
         }
-        advancePhase(lfo.phasePos, step);
-        advancePhase(lfo.phaseNeg, step);
-        advancePhase(lfo.phase, step);
+        advancePhase(lfo.phasePos, lfo.step);
+        advancePhase(lfo.phaseNeg, lfo.step);
+        advancePhase(lfo.phase, lfo.step);
     }
-    if (wave != LfoWave::Off) {
+    if constexpr (Wave != LfoWave::Off) {
         lfo.outPos = rows.lfoPositive[frames - 1];
         lfo.outNeg = rows.lfoNegative[frames - 1];
+    } else {
+        lfo.outPos = lfo.outNeg = 0.0f;
+    }
+}
+
+inline void runLfo(Engine& e, int frames, ModulationRows& rows) {
+    Lfo lfo = e.lfo;
+    switch (lfo.wave) {
+        case LfoWave::Sine:
+            runWave<LfoWave::Sine>(e, lfo, frames, rows);
+            break;
+        case LfoWave::Square:
+            runWave<LfoWave::Square>(e, lfo, frames, rows);
+            break;
+        case LfoWave::Triangle:
+            runWave<LfoWave::Triangle>(e, lfo, frames, rows);
+            break;
+        case LfoWave::Saw:
+            runWave<LfoWave::Saw>(e, lfo, frames, rows);
+            break;
+        case LfoWave::Random:
+            runWave<LfoWave::Random>(e, lfo, frames, rows);
+            break;
+        case LfoWave::Off:
+            runWave<LfoWave::Off>(e, lfo, frames, rows);
+            break;
     }
     // Only the block's own fields go back: the others may have been set meanwhile.
     e.lfo.phase = lfo.phase;
@@ -120,8 +143,8 @@ TESSEL8_INLINE float followerPosition(const float* squares, float mean, float de
 }
 
 /// `left` and `right` are the source's frames; `rows.follower` is filled where it is heard.
-TESSEL8_INLINE void runFollower(Engine& e, const float* left, const float* right, int frames,
-                                ModulationRows& rows) {
+inline void runFollower(Engine& e, const float* left, const float* right, int frames,
+                        ModulationRows& rows) {
     const float slow = e.follower.slowCoef;
     const float quick = e.follower.fastCoef;
     float mean = e.follower.mean;
@@ -133,10 +156,10 @@ TESSEL8_INLINE void runFollower(Engine& e, const float* left, const float* right
         const float distance = __builtin_fabsf(a - dev);
         const float d = distance < 1.0f ? distance : 1.0f;
         dev = flushed(dev + (d - dev) * slow);
-        if (mean + dev > 1.0f) {
+        if (__builtin_expect(mean + dev > 1.0f, 0)) {
             dev = 1.0f - mean;
         }
-        if (mean - dev < 0.0f) {
+        if (__builtin_expect(mean - dev < 0.0f, 0)) {
             dev = mean;
         }
         fast = flushed(fast + (a - fast) * quick);

@@ -10,14 +10,13 @@
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
-/// A circular line's frames from `position` on.
-TESSEL8_INLINE void readLine(const AlignedBuffer& line, int32_t position, int32_t mask, int frames,
-                             Row& row) {
+/// A circular line's frames from `position` on; where it can, a whole row at once, of which only
+/// `frames` count.
+inline void readLine(const AlignedBuffer& line, int32_t position, int32_t mask, int frames,
+                     Row& row) {
     const float* const cells = line.data();
-    if (position + frames <= mask + 1) {
-        for (int i = 0; i < frames; ++i) {
-            row[i] = cells[position + i];
-        }
+    if (position + kStretch <= mask + 1) {
+        __builtin_memcpy(row.v, cells + position, sizeof row.v);
         return;
     }
     for (int i = 0; i < frames; ++i) {
@@ -25,13 +24,11 @@ TESSEL8_INLINE void readLine(const AlignedBuffer& line, int32_t position, int32_
     }
 }
 
-TESSEL8_INLINE void writeLine(AlignedBuffer& line, int32_t position, int32_t mask, int frames,
-                              const Row& row) {
+inline void writeLine(AlignedBuffer& line, int32_t position, int32_t mask, int frames,
+                      const Row& row) {
     float* const cells = line.data();
-    if (position + frames <= mask + 1) {
-        for (int i = 0; i < frames; ++i) {
-            cells[position + i] = row[i];
-        }
+    if (frames == kStretch && position + kStretch <= mask + 1) {
+        __builtin_memcpy(cells + position, row.v, sizeof row.v);
         return;
     }
     for (int i = 0; i < frames; ++i) {
@@ -40,8 +37,8 @@ TESSEL8_INLINE void writeLine(AlignedBuffer& line, int32_t position, int32_t mas
 }
 
 /// An allpass on one line: out = read - in * c, write in + out * c.
-TESSEL8_INLINE void allpass(AlignedBuffer& line, int32_t read, int32_t write, int32_t mask,
-                            int frames, float c, const Row& in, Row& out) {
+inline void allpass(AlignedBuffer& line, int32_t read, int32_t write, int32_t mask, int frames,
+                    float c, const Row& in, Row& out) {
     Row delayed;
     readLine(line, read, mask, frames, delayed);
     Row back;
@@ -52,28 +49,31 @@ TESSEL8_INLINE void allpass(AlignedBuffer& line, int32_t read, int32_t write, in
     writeLine(line, write, mask, frames, back);
 }
 
-/// y = b0 x + b2 x2 - a1 y1 - a2 y2, and the offset that keeps denormals away.
-TESSEL8_INLINE void bandPass(Reverb::BandFilter& band, size_t channel, int frames, const Row& flip,
-                             Row& signal) {
-    float x1 = band.x1[channel], x2 = band.x2[channel];
-    float y1 = band.y1[channel], y2 = band.y2[channel];
+/// y = b0 x + b2 x2 - a1 y1 - a2 y2 on both channels, and the offset that keeps denormals away.
+inline void bandPass(Reverb::BandFilter& band, int frames, const Row& flip, Row& left, Row& right) {
+    Reverb::BandFilter f = band;
+    Row* const signals[] = {&left, &right};
     for (int i = 0; i < frames; ++i) {
-        const float x = signal[i];
-        const float y = band.b0 * x + band.b2 * x2 - band.a1 * y1 - band.a2 * y2 + flip[i];
-        x2 = x1;
-        x1 = x;
-        y2 = y1;
-        y1 = y;
-        signal[i] = y;
+        // Side by side: each channel waits for its own last output.
+        for (size_t channel = 0; channel < 2; ++channel) {
+            const float x = (*signals[channel])[i];
+            const float y = f.b0 * x + f.b2 * f.x2[channel] - f.a1 * f.y1[channel] -
+                            f.a2 * f.y2[channel] + flip[i];
+            f.x2[channel] = f.x1[channel];
+            f.x1[channel] = x;
+            f.y2[channel] = f.y1[channel];
+            f.y1[channel] = y;
+            (*signals[channel])[i] = y;
+        }
     }
-    band.x1[channel] = x1;
-    band.x2[channel] = x2;
-    band.y1[channel] = y1;
-    band.y2[channel] = y2;
+    band.x1 = f.x1;
+    band.x2 = f.x2;
+    band.y1 = f.y1;
+    band.y2 = f.y2;
 }
 
 /// Spring: three pairs of lines in a ring with an allpass each, two allpasses behind each sum.
-TESSEL8_INLINE void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& right) {
+inline void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& right) {
     constexpr float kAllpass = 0.7071f;
     constexpr float kPairDecay[] = {1.0f, 0.975f, 0.95f};
     const float f = r.decayA;
@@ -84,14 +84,12 @@ TESSEL8_INLINE void runSpring(Reverb& r, int frames, const Row& in, Row& left, R
     for (size_t k = 0; k < 6; ++k) {
         Row delayed;
         readLine(r.line[k], r.lineRead[k], mask, frames, delayed);
-        if (k % 2 == 0) {
-            float damp = r.damp[k];
-            for (int i = 0; i < frames; ++i) {
-                damp += (delayed[i] - damp) * d;
-                delayed[i] = damp;
-            }
+        float damp = r.damp[k];
+        for (int i = 0; i < frames; ++i) {
+            damp = k % 2 == 0 ? damp + (delayed[i] - damp) * d : delayed[i];
+            delayed[i] = damp;
         }
-        r.damp[k] = delayed[frames - 1];
+        r.damp[k] = damp;
         allpass(r.allpass[k], r.apRead[k], r.apWrite, mask, frames, kAllpass, delayed, e[k]);
     }
     Row written[6];
@@ -121,7 +119,7 @@ TESSEL8_INLINE void runSpring(Reverb& r, int frames, const Row& in, Row& left, R
 }
 
 /// Plate: four diffusers in a row feed six damped lines.
-TESSEL8_INLINE void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right) {
+inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right) {
     constexpr float kSpread = 0.7f;
     const float f = r.decayA;
     const float g = r.decayB;
@@ -176,7 +174,7 @@ TESSEL8_INLINE void runPlate(Reverb& r, int frames, const Row& in, Row& left, Ro
     }
 }
 
-TESSEL8_INLINE void advanceReverb(Reverb& r, int frames) {
+inline void advanceReverb(Reverb& r, int frames) {
     const auto advance = [&](int32_t& index) { index = (index + frames) & r.mask; };
     advance(r.lineWrite);
     advance(r.apWrite);
@@ -193,7 +191,7 @@ TESSEL8_INLINE void advanceReverb(Reverb& r, int frames) {
 
 /// Takes the reverb's input in `left` and `right` and leaves there the crossfade to its output.
 /// `flip` is an alternating offset of 1e-18 that keeps the structure out of denormals.
-TESSEL8_INLINE void runReverb(Reverb& r, int frames, const Row& flip, Row& left, Row& right) {
+inline void runReverb(Reverb& r, int frames, const Row& flip, Row& left, Row& right) {
     constexpr float kSpringReturn = 0.1625f;
     constexpr float kPlateReturn = 0.3f;
     Row in;
@@ -209,8 +207,7 @@ TESSEL8_INLINE void runReverb(Reverb& r, int frames, const Row& flip, Row& left,
     } else {
         runSpring(r, frames, in, outL, outR);
     }
-    bandPass(r.band, 0, frames, flip, outL);
-    bandPass(r.band, 1, frames, flip, outR);
+    bandPass(r.band, frames, flip, outL, outR);
     const float gain = r.plate ? kPlateReturn : kSpringReturn;
     const float amount = r.amount;
     for (int i = 0; i < frames; ++i) {

@@ -29,8 +29,8 @@ struct Peaks {
 
 /// Input behind the smoothed input gain, and the mix gains for the stretch's end.
 template <int Lanes>
-TESSEL8_INLINE void takeInput(Engine& e, Workspace<Lanes>& w, const float* left, const float* right,
-                              Peaks& peaks) {
+void takeInput(Engine& e, Workspace<Lanes>& w, const float* left, const float* right,
+               Peaks& peaks) {
     const int frames = w.frames;
     for (int i = 0; i < frames; ++i) {
         Peaks::raise(peaks.inL, left[i]);
@@ -55,8 +55,8 @@ TESSEL8_INLINE void takeInput(Engine& e, Workspace<Lanes>& w, const float* left,
 
 /// A tap without delay hears its line as this very stretch leaves it.
 template <int Lanes>
-TESSEL8_INLINE void readWritten(const Engine& e, const BlockPlan& plan, const FadeTile<Lanes>& fade,
-                                Workspace<Lanes>& w) {
+void readWritten(const Engine& e, const BlockPlan& plan, const FadeTile<Lanes>& fade,
+                 Workspace<Lanes>& w) {
     for (int t = 0; t < Lanes; ++t) {
         if (!plan.readsAtZero(t)) {
             continue;
@@ -74,8 +74,7 @@ TESSEL8_INLINE void readWritten(const Engine& e, const BlockPlan& plan, const Fa
 /// The follower on a tap hears it one frame late. A tap that the loop does not compute stands
 /// still.
 template <int Lanes>
-TESSEL8_INLINE void followTap(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w,
-                              ModulationRows& mod) {
+void followTap(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w, ModulationRows& mod) {
     const int tap = plan.followerSource - 1;
     Row left;
     Row right;
@@ -91,8 +90,7 @@ TESSEL8_INLINE void followTap(Engine& e, const BlockPlan& plan, const Workspace<
 /// LFO and follower for the stretch. The follower hears the input of the same frame, or a tap or
 /// the output one frame late; where it moves no filter and its source is not there yet, it waits.
 template <int Lanes>
-TESSEL8_INLINE void modulate(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w,
-                             ModulationRows& mod) {
+void modulate(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w, ModulationRows& mod) {
     mod.off = !plan.modulation;
     mod.followerHeard = plan.followerHeard;
     if (plan.modulation && !plan.followerHeard) {
@@ -113,8 +111,7 @@ TESSEL8_INLINE void modulate(Engine& e, const BlockPlan& plan, const Workspace<L
 }
 
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void writeLines(Engine& e, const BlockPlan& plan, const ModulationRows& mod,
-                               Workspace<Lanes>& w) {
+void writeLines(Engine& e, const BlockPlan& plan, const ModulationRows& mod, Workspace<Lanes>& w) {
     if (plan.masterFb) {
         runMasterFeedback<Lanes, GateAtInput>(e, plan, mod, w);
     }
@@ -123,7 +120,7 @@ TESSEL8_INLINE void writeLines(Engine& e, const BlockPlan& plan, const Modulatio
 }
 
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void runTaps(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w) {
+void runTaps(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w) {
     w.signalL.at(w.frames - 1).store(e.tapReadL.v);
     w.signalR.at(w.frames - 1).store(e.tapReadR.v);
     amplify(e, w);
@@ -134,8 +131,8 @@ TESSEL8_INLINE void runTaps(Engine& e, const ModulationRows& mod, Workspace<Lane
 }
 
 /// A follower of the output that moves no filter keeps its measure behind the mix.
-TESSEL8_INLINE void followOutput(Engine& e, const Row& outL, const Row& outR, int frames,
-                                 ModulationRows& mod) {
+inline void followOutput(Engine& e, const Row& outL, const Row& outR, int frames,
+                         ModulationRows& mod) {
     Row left;
     Row right;
     left[0] = e.outL;
@@ -149,9 +146,8 @@ TESSEL8_INLINE void followOutput(Engine& e, const Row& outL, const Row& outR, in
 
 /// Reverb, mix and output. `dcFlip` changes sign on every sample.
 template <int Lanes>
-TESSEL8_INLINE void mixOutput(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w,
-                              ModulationRows& mod, float& dcFlip, float* left, float* right,
-                              Peaks& peaks) {
+void mixOutput(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w, ModulationRows& mod,
+               float& dcFlip, float* left, float* right, Peaks& peaks) {
     Peaks::raise(peaks.outL, e.outL);
     Peaks::raise(peaks.outR, e.outR);
     const int frames = w.frames;
@@ -195,7 +191,7 @@ TESSEL8_INLINE void mixOutput(Engine& e, const BlockPlan& plan, Workspace<Lanes>
 }
 
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void finishStretch(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
+void finishStretch(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
     countFrames(e, w.frames);
     keepPreFeedback<Lanes, GateAtInput>(e, plan, w);
     w.postFbL.at(w.frames - 1).store(e.postFbL.v);

@@ -20,7 +20,7 @@ TESSEL8_INLINE float saturatedScalar(float x, float ceiling) {
 
 /// Saturates the taps whose lane of `on` is 1; costs nothing where none is.
 template <int Lanes>
-TESSEL8_INLINE void saturateTaps(const Engine& e, const TapBlock& on, Workspace<Lanes>& w) {
+void saturateTaps(const Engine& e, const TapBlock& on, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
     const Mask<Lanes> wet = P::load(on.v) != P::all(0.0f);
     if (!anyLane(wet)) {

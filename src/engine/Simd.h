@@ -235,6 +235,21 @@ TESSEL8_INLINE Pack<L> lookUp(const float* table, const Pack<L>& value, float sc
     return r;
 }
 
+/// Four lanes, the second group of four added to the first.
+TESSEL8_INLINE Pack<4> foldToFour(const Pack<4>& a) {
+    return a;
+}
+TESSEL8_INLINE Pack<4> foldToFour(const Pack<8>& a) {
+    Pack<4> r;
+#ifdef __AVX__
+    const F8 v = a.part[0];
+    r.part[0] = F4{v[0], v[1], v[2], v[3]} + F4{v[4], v[5], v[6], v[7]};
+#else
+    r.part[0] = a.part[0] + a.part[1];
+#endif
+    return r;
+}
+
 /// Sum of all lanes: groups of four are added lane by lane, then (0 + 2) + (1 + 3).
 template <int L>
 TESSEL8_INLINE float sumOfLanes(const Pack<L>& a) {

@@ -68,8 +68,7 @@ struct Glide {
 
 /// Moves a smoother over a stretch whose single values nobody needs.
 template <int Lanes>
-TESSEL8_INLINE void glideOnly(float* state, const float* target, const Smoothing& smoothing,
-                              int frames) {
+void glideOnly(float* state, const float* target, const Smoothing& smoothing, int frames) {
     Glide<Lanes> glide(state, target, smoothing.take, smoothing.keep);
     if (glide.settled) {
         return;

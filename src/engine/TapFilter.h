@@ -25,8 +25,8 @@ struct FrequencySweep {
 /// Modulated and smoothed frequencies. They move on whether a filter is on or not, so that a
 /// filter that is switched on stands where its knob and the LFO say.
 template <int Lanes>
-TESSEL8_INLINE void sweepFrequencies(Engine& e, const ModulationRows& mod, int frames,
-                                     FrequencySweep<Lanes>& sweep) {
+void sweepFrequencies(Engine& e, const ModulationRows& mod, int frames,
+                      FrequencySweep<Lanes>& sweep) {
     using P = Pack<Lanes>;
     const P base = P::load(e.tapFreqBase.v);
     const P low = P::all(kLowestFrequency);
@@ -197,8 +197,8 @@ struct BiquadRun {
 };
 
 template <int Lanes, bool Shaped>
-TESSEL8_INLINE void runTapFilters(Engine& e, const KindMasks<Lanes>& kind, const Mask<Lanes>& on,
-                                  const FrequencySweep<Lanes>& sweep, Workspace<Lanes>& w) {
+void runTapFilters(Engine& e, const KindMasks<Lanes>& kind, const Mask<Lanes>& on,
+                   const FrequencySweep<Lanes>& sweep, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
     const P q = P::load(e.tapQ.v);
     Glide<Lanes> gain(e.tapFltGainSmooth.v, e.tapFltGainTarget.v, e.smooth30.take, e.smooth30.keep);
@@ -234,7 +234,7 @@ TESSEL8_INLINE void runTapFilters(Engine& e, const KindMasks<Lanes>& kind, const
 /// Filters the taps that have theirs on. A filter that is off needs no memory: switching it on
 /// clears it.
 template <int Lanes>
-TESSEL8_INLINE void filterTaps(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w) {
+void filterTaps(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
     FrequencySweep<Lanes> sweep;
     sweepFrequencies(e, mod, w.frames, sweep);

@@ -41,7 +41,7 @@ struct FadeTile {
 
 /// The taps' signals: their raw reads under the fade.
 template <int Lanes>
-TESSEL8_INLINE void fadeReads(const FadeTile<Lanes>& fade, Workspace<Lanes>& w) {
+void fadeReads(const FadeTile<Lanes>& fade, Workspace<Lanes>& w) {
     for (int i = 0; i < w.frames; ++i) {
         const bool full = fade.full;
         w.signalL.set(i, full ? w.rawL.at(i) : w.rawL.at(i) * fade.level.at(i));
@@ -56,7 +56,7 @@ TESSEL8_INLINE void countFrames(Engine& e, int frames) {
 
 /// Gain, width matrix and balance.
 template <int Lanes>
-TESSEL8_INLINE void amplify(Engine& e, Workspace<Lanes>& w) {
+void amplify(Engine& e, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
     const float take = e.smooth30.take;
     const float keep = e.smooth30.keep;
@@ -85,9 +85,30 @@ TESSEL8_INLINE void amplify(Engine& e, Workspace<Lanes>& w) {
     panR.value.store(e.panGainSmoothR.v);
 }
 
+/// Sums over the lanes of a stretch. The frames are folded down to four lanes one by one and
+/// then, four frames at a time, summed as columns: (0 + 2) + (1 + 3).
+struct LaneSums {
+    Tile<4> folded;
+
+    template <int Lanes>
+    TESSEL8_INLINE void add(int frame, const Pack<Lanes>& lanes) {
+        folded.set(frame, foldToFour(lanes));
+    }
+    TESSEL8_INLINE void finish(int frames, Row& sums) const {
+        for (int i = 0; i < frames; i += 4) {
+            F4 a = folded.at(i).part[0];
+            F4 b = folded.at(i + 1).part[0];
+            F4 c = folded.at(i + 2).part[0];
+            F4 d = folded.at(i + 3).part[0];
+            transpose(a, b, c, d);
+            storeUnaligned(&sums.v[i], (a + c) + (b + d));
+        }
+    }
+};
+
 /// Gate, limit and split into direct sound, reverb send and feedback; sums over the taps.
 template <int Lanes, bool GateAtInput>
-TESSEL8_INLINE void collect(Engine& e, Workspace<Lanes>& w) {
+void collect(Engine& e, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
     const P gate = P::load(e.tapGate.v);
     const P low = P::all(-kSignalLimit);
@@ -99,21 +120,27 @@ TESSEL8_INLINE void collect(Engine& e, Workspace<Lanes>& w) {
     const auto limit = [&](const P& x) {
         return GateAtInput ? clamp(x, low, high) : clamp(x * gate, low, high) * gate;
     };
+    LaneSums directL, directR, sendL, sendR;
     for (int i = 0; i < w.frames; ++i) {
         const P left = limit(w.signalL.at(i));
         const P right = limit(w.signalR.at(i));
-        const P directL = left * direct;
-        const P directR = right * direct;
-        w.postFbL.set(i, directL * amount);
-        w.postFbR.set(i, directR * amount);
-        w.sumL[i] = sumOfLanes(directL);
-        w.sumR[i] = sumOfLanes(directR);
+        const P l = left * direct;
+        const P r = right * direct;
+        w.postFbL.set(i, l * amount);
+        w.postFbR.set(i, r * amount);
+        directL.add(i, l);
+        directR.add(i, r);
         if (sending) {
-            w.sendL[i] = sumOfLanes(left * send);
-            w.sendR[i] = sumOfLanes(right * send);
+            sendL.add(i, left * send);
+            sendR.add(i, right * send);
         }
     }
-    if (!sending) {
+    directL.finish(w.frames, w.sumL);
+    directR.finish(w.frames, w.sumR);
+    if (sending) {
+        sendL.finish(w.frames, w.sendL);
+        sendR.finish(w.frames, w.sendR);
+    } else {
         std::fill_n(w.sendL.v, w.frames, 0.0f);
         std::fill_n(w.sendR.v, w.frames, 0.0f);
     }
