@@ -88,7 +88,7 @@ TEST_P(OwnFeedback, StaysOffWhileTheTapIsNotSent) {
     EXPECT_TRUE(onlyEchoes({{50, wetLevel(rig) * tapLevel(rig, tap)}}, out.left, kRounding));
 }
 
-TEST(OwnFeedback, OfAHighTapRestsWhileNoHighTapIsOn) {
+TEST(OwnFeedbackOfAHighTap, RestsWhileNoHighTapIsOn) {
     for (const bool anotherIsOn : {false, true}) {
         SCOPED_TRACE(anotherIsOn);
         Rig rig;
@@ -107,6 +107,25 @@ TEST(OwnFeedback, OfAHighTapRestsWhileNoHighTapIsOn) {
         const std::vector<Echo> second{{150, level}};
         EXPECT_TRUE(onlyEchoes(anotherIsOn ? second : std::vector<Echo>{}, out.left, kRounding));
     }
+}
+
+TEST(OwnFeedbackOfAnUnsentTap, StaysOffBesideATapThatIsSent) {
+    Rig rig;
+    rig.delay(0, 4410);
+    rig.delay(1, 50);
+    rig.set(Family::GainT, 0.0f, 1);
+    rig.set(Family::ActTap, 1.0f, 1);
+    sendToFeedback(rig, 1, 0.5f);
+    sendToFeedback(rig, 0, 1.0f);
+    rig.set(Family::FBPostT, 1.0f, 0);
+    rig.settle();
+    rig.play(constant(10000, 1.0f, 1.0f));
+    rig.set(Family::TAPtoFB, 0.0f, 0);
+    rig.play(silence(1));  // the last sample of the feedback that was
+    rig.engine.clearRings();
+    const Stereo out = rig.play(silence(9000));
+    EXPECT_TRUE(onlyEchoes({}, out.left, 0.0));
+    EXPECT_TRUE(onlyEchoes({}, out.right, 0.0));
 }
 
 /// The first tap listens, any tap may be selected.
@@ -245,7 +264,6 @@ TEST(Bus, OfAProcessedTapTakesTheGainOfTheTapAlong) {
         const Stereo out = rig.play(impulse(16000));
         const double gain = tapLevel(rig, tap);
         EXPECT_NEAR(1.44, gain, 1e-3);
-        std::vector<Echo> echoes;
         const auto own = series(5000, 5001, wetLevel(rig) * gain, gain * 0.375, out.size());
         for (const Echo& echo : own) {
             EXPECT_NEAR(echo.level, double(out.left[echo.frame]), kLoopRounding);
@@ -253,6 +271,18 @@ TEST(Bus, OfAProcessedTapTakesTheGainOfTheTapAlong) {
             EXPECT_EQ(0.0f, out.left[echo.frame + 1]);
         }
     }
+}
+
+TEST(Bus, StartsWithWhatASilentTapGaveInTheFrameBefore) {
+    BusRig rig;
+    rig.feedFrom(3, false);
+    rig.set(Family::ActiveFB, 0.0f);
+    rig.play(constant(1000, 1.0f, 1.0f));
+    rig.engine.clearRings();
+    rig.set(Family::ActiveFB, 1.0f);
+    const Stereo out = rig.play(silence(800));
+    const double level = wetLevel(rig) * tapLevel(rig, 0) * 0.75 * 0.5;
+    EXPECT_TRUE(onlyEchoes({{100, level}, {501, level * 0.375}}, out.left, kLoopRounding));
 }
 
 TEST(Bus, HasNoFeedbackFromATapIntoItsOwnLinesOnly) {

@@ -1,3 +1,6 @@
+#include <random>
+#include <sstream>
+
 #include "Settings.h"
 #include "support/TwinRig.h"
 
@@ -79,7 +82,8 @@ Family anyOf(Draw& draw, const Family (&families)[N]) {
 
 struct FuzzRig : TwinRig {
     /// The seed chooses the instruction set as well, so that all of them are measured.
-    explicit FuzzRig(uint32_t seed) : TwinRig(setOf(seed)), draw(seed), seedOfRun(seed) {
+    explicit FuzzRig(uint32_t seed, float rate = kLowestRate)
+        : TwinRig(setOf(seed), rate), draw(seed), seedOfRun(seed) {
         fillLines(seed);
     }
 
@@ -309,6 +313,51 @@ TEST(TwinOfAllLoops, GivesTheSameBitsAfterTheProcessorsWereCleared) {
     rig.twin.clearRings();
     rig.run(20, true, true);
     EXPECT_TRUE(rig.sameLines());
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsAtHigherRates) {
+    for (const float rate : {48000.0f, 96000.0f, 192000.0f}) {
+        FuzzRig rig(uint32_t(rate), rate);
+        rig.begin(kMultiEcho, true);
+        rig.run(60, true, true);
+        EXPECT_TRUE(rig.sameLines()) << rate;
+    }
+}
+
+// A tap that nobody hears still has a read, a feedback and a filter that runs. Each shows when
+// something turns to the tap.
+
+TEST(TwinOfAllLoops, GivesTheSameBitsWhenTheFollowerTurnsToATapThatIsOff) {
+    if (!kWithProcessors) {
+        GTEST_SKIP();
+    }
+    for (const int tap : {2, 6}) {
+        FuzzRig rig(6000);
+        rig.delay(tap, 500);
+        rig.endFades();
+        ASSERT_TRUE(rig.playBlock(noise(300, 1)));
+        rig.set(Family::SourceEF, float(tap + 1) / 9.0f);
+        rig.set(Family::ActMod, 1.0f);
+        ASSERT_TRUE(rig.playBlock(noise(300, 2)));
+        EXPECT_TRUE(rig.sameState()) << "tap " << tap + 1;
+    }
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsWhenATapWithAFilterIsSwitchedOn) {
+    if (!kWithProcessors) {
+        GTEST_SKIP();
+    }
+    for (const int tap : {2, 6}) {
+        FuzzRig rig(6001);
+        rig.delay(tap, 500);
+        rig.endFades();
+        rig.set(Family::ActTap, 1.0f, 7);
+        rig.set(Family::ActFltT, 1.0f, tap);
+        rig.set(Family::FreqFT, 0.2f, tap);
+        ASSERT_TRUE(rig.playBlock(noise(3000, 1)));
+        rig.set(Family::ActTap, 1.0f, tap);
+        EXPECT_TRUE(rig.playBlock(noise(300, 2))) << "tap " << tap + 1;
+    }
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <random>
 #include <vector>
 
 namespace tessel8::testing {
@@ -43,8 +42,11 @@ inline Stereo constant(size_t frames, float left, float right) {
 
 /// White noise within +-`level`. `seed` makes it the same on every machine.
 inline Stereo noise(size_t frames, uint32_t seed, float level = 1.0f) {
-    std::mt19937 random(seed);
-    const auto next = [&] { return (float(random() >> 8) / 8388608.0f - 1.0f) * level; };
+    uint64_t state = seed;
+    const auto next = [&] {
+        state = state * 6364136223846793005u + 1442695040888963407u;
+        return (float(state >> 40) / 8388608.0f - 1.0f) * level;
+    };
     Stereo s(frames);
     for (size_t i = 0; i < frames; ++i) {
         s.left[i] = next();

@@ -74,12 +74,12 @@ struct TwinRig : Rig {
 
     /// Fills all lines of both with the same noise, as if it had been playing for ever.
     void fillLines(uint32_t seed) {
-        for (auto* rings : {&engine.ringL, &engine.ringR}) {
-            for (DelayRing& ring : *rings) {
-                for (int lane = 0; lane < DelayRing::kLines; ++lane) {
-                    const Stereo s = noise(size_t(engine.ringLen), ++seed);
-                    std::copy(s.left.begin(), s.left.end(), ring.line(lane));
-                }
+        const auto frames = size_t(engine.ringLen);
+        for (size_t group = 0; group < 2; ++group) {
+            for (int lane = 0; lane < DelayRing::kLines; ++lane) {
+                const Stereo s = noise(frames, ++seed);
+                std::copy_n(s.left.begin(), frames, engine.ringL[group].line(lane));
+                std::copy_n(s.right.begin(), frames, engine.ringR[group].line(lane));
             }
         }
         twin.copyLines();
