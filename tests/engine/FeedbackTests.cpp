@@ -1,0 +1,297 @@
+#include "Settings.h"
+
+namespace tessel8::testing {
+namespace {
+
+/// Echoes number `from` and on, one every `period` frames, each `ratio` times the one before.
+std::vector<Echo> series(size_t first, size_t period, double level, double ratio, size_t end) {
+    std::vector<Echo> echoes;
+    for (size_t at = first; at < end; at += period) {
+        echoes.push_back({at, level});
+        level *= ratio;
+    }
+    return echoes;
+}
+
+/// One rounding more at every turn of the loop, thirty turns at most.
+constexpr double kLoopRounding = kRounding + 30.0 * 3.0 * 6.0e-8;
+
+void sendToFeedback(Rig& rig, int tap, float amount) {
+    rig.set(Family::AmtFBT, amount, tap);
+    rig.set(Family::TAPtoFB, 1.0f, tap);
+}
+
+class OwnFeedback : public ::testing::TestWithParam<LoopCase> {};
+INSTANTIATE_TEST_SUITE_P(Loops, OwnFeedback,
+                         ::testing::Values(LoopCase{"FourTaps", kMultiEcho, 3},
+                                           LoopCase{"EightTaps", kMultiEcho, 5},
+                                           LoopCase{"GatedInput", kMultiFb, 6}),
+                         nameOf);
+
+TEST_P(OwnFeedback, OfTheRawReadRepeatsWithThePeriodOfTheDelay) {
+    const int tap = GetParam().tap;
+    for (const int32_t delay : {1, 3, 17, 31, 32, 33, 1000}) {
+        SCOPED_TRACE(delay);
+        Rig rig;
+        select(rig, GetParam());
+        rig.delay(tap, delay);
+        rig.set(Family::GainT, 0.25f, tap);  // no part of the loop
+        sendToFeedback(rig, tap, 0.75f);
+        rig.settle();
+        const auto period = size_t(delay);
+        const size_t frames = period * 30;
+        const Stereo out = rig.play(impulse(frames));
+        const double level = wetLevel(rig) * tapLevel(rig, tap);
+        EXPECT_NEAR(0.25, level, 1e-3);
+        const auto echoes = series(period, period, level, 0.75, frames);
+        EXPECT_TRUE(onlyEchoes(echoes, out.left, kLoopRounding));
+        EXPECT_TRUE(onlyEchoes(echoes, out.right, kLoopRounding));
+    }
+}
+
+TEST_P(OwnFeedback, OfTheProcessedTapRepeatsOneFrameLaterAndWithTheGainOfTheTap) {
+    const int tap = GetParam().tap;
+    Rig rig;
+    select(rig, GetParam());
+    rig.delay(tap, 4410);
+    rig.set(Family::GainT, 0.6f, tap);
+    sendToFeedback(rig, tap, 0.5f);
+    rig.set(Family::FBPostT, 1.0f, tap);
+    rig.settle();
+    const size_t frames = 4411 * 10;
+    const Stereo out = rig.play(impulse(frames));
+    const double gain = tapLevel(rig, tap);
+    EXPECT_NEAR(1.44, gain, 1e-3);
+    const auto echoes = series(4410, 4411, wetLevel(rig) * gain, gain * 0.5, frames);
+    EXPECT_TRUE(onlyEchoes(echoes, out.left, kLoopRounding));
+}
+
+TEST_P(OwnFeedback, WithoutDelayAddsACopyAndDoesNotCirculate) {
+    const int tap = GetParam().tap;
+    Rig rig;
+    select(rig, GetParam());
+    sendToFeedback(rig, tap, 0.5f);
+    rig.settle();
+    const Stereo out = rig.play(impulse(500));
+    const double level = wetLevel(rig) * tapLevel(rig, tap) * 1.5;
+    EXPECT_TRUE(onlyEchoes({{0, level}}, out.left, kRounding));
+}
+
+TEST_P(OwnFeedback, StaysOffWhileTheTapIsNotSent) {
+    const int tap = GetParam().tap;
+    Rig rig;
+    select(rig, GetParam());
+    rig.delay(tap, 50);
+    rig.set(Family::AmtFBT, 0.9f, tap);
+    rig.settle();
+    const Stereo out = rig.play(impulse(500));
+    EXPECT_TRUE(onlyEchoes({{50, wetLevel(rig) * tapLevel(rig, tap)}}, out.left, kRounding));
+}
+
+TEST(OwnFeedbackOfAHighTap, RestsWhileNoHighTapIsOn) {
+    for (const bool anotherIsOn : {false, true}) {
+        SCOPED_TRACE(anotherIsOn);
+        Rig rig;
+        rig.set(Family::GainT, 0.0f, 0);
+        rig.set(Family::GainT, 0.0f, 7);
+        rig.set(Family::ActTap, 1.0f, 5);
+        rig.delay(5, 300);
+        sendToFeedback(rig, 5, 0.5f);
+        rig.settle();
+        rig.set(Family::ActTap, 0.0f, 5);
+        rig.set(Family::ActTap, anotherIsOn ? 1.0f : 0.0f, 7);
+        rig.play(impulse(450));
+        rig.set(Family::ActTap, 1.0f, 5);
+        const Stereo out = rig.play(silence(400));
+        const double level = wetLevel(rig) * tapLevel(rig, 5) / 2.0;
+        const std::vector<Echo> second{{150, level}};
+        EXPECT_TRUE(onlyEchoes(anotherIsOn ? second : std::vector<Echo>{}, out.left, kRounding));
+    }
+}
+
+TEST(OwnFeedbackOfAnUnsentTap, StaysOffBesideATapThatIsSent) {
+    Rig rig;
+    rig.delay(0, 4410);
+    rig.delay(1, 50);
+    rig.set(Family::GainT, 0.0f, 1);
+    rig.set(Family::ActTap, 1.0f, 1);
+    sendToFeedback(rig, 1, 0.5f);
+    sendToFeedback(rig, 0, 1.0f);
+    rig.set(Family::FBPostT, 1.0f, 0);
+    rig.settle();
+    rig.play(constant(10000, 1.0f, 1.0f));
+    rig.set(Family::TAPtoFB, 0.0f, 0);
+    rig.play(silence(1));  // the last sample of the feedback that was
+    rig.engine.clearRings();
+    const Stereo out = rig.play(silence(9000));
+    EXPECT_TRUE(onlyEchoes({}, out.left, 0.0));
+    EXPECT_TRUE(onlyEchoes({}, out.right, 0.0));
+}
+
+/// The first tap listens, any tap may be selected.
+struct MasterRig : Rig {
+    MasterRig() {
+        for (int t = 0; t < kTaps; ++t) {
+            delay(t, 100 * (t + 1));
+            plainStereo(*this, t);
+            set(Family::ActTap, 1.0f, t);
+        }
+        set(Family::GainFB, 0.5f);
+        set(Family::ActiveFB, 1.0f);
+        settle();
+        for (int t = 1; t < kTaps; ++t) {
+            set(Family::ActTap, 0.0f, t);
+        }
+    }
+};
+
+TEST(MasterFeedback, FeedsTheReadOfTheSelectedTapIntoAllLines) {
+    MasterRig rig;
+    for (int selected = 0; selected < kTaps; ++selected) {
+        SCOPED_TRACE(selected);
+        rig.engine.clearRings();
+        rig.set(Family::SelectFB, float(selected + 1) / 8.0f);
+        const Stereo out = rig.play(impulse(2500));
+        const double level = wetLevel(rig) * tapLevel(rig, 0);
+        const auto echoes = series(100, 100 * size_t(selected + 1), level, 0.5, out.size());
+        EXPECT_TRUE(onlyEchoes(echoes, out.left, kLoopRounding));
+        EXPECT_TRUE(onlyEchoes(echoes, out.right, kLoopRounding));
+    }
+}
+
+TEST(MasterFeedback, ReachesTheLinesOfTapsThatAreOff) {
+    MasterRig rig;
+    rig.set(Family::SelectFB, 0.125f);
+    rig.play(impulse(150));  // back into all lines at 100, heard by the sixth tap 600 later
+    rig.set(Family::ActTap, 0.0f, 0);
+    rig.set(Family::ActTap, 1.0f, 5);
+    rig.set(Family::GainFB, 0.0f);
+    const Stereo out = rig.play(silence(1000));
+    const double level = wetLevel(rig) * tapLevel(rig, 5);
+    EXPECT_TRUE(onlyEchoes({{450, level}, {550, level / 2.0}}, out.left, kRounding));
+}
+
+TEST(MasterFeedback, SwapsTheChannelsAtEveryTurnWhenItsPansAreSwapped) {
+    MasterRig rig;
+    rig.set(Family::SelectFB, 0.125f);
+    rig.set(Family::PanFBL, 1.0f);
+    rig.set(Family::PanFBR, 0.0f);
+    const Stereo out = rig.play(impulse(1000, 1.0f, 0.0f));
+    const double level = wetLevel(rig) * tapLevel(rig, 0);
+    EXPECT_TRUE(onlyEchoes(series(100, 200, level, 0.25, 1000), out.left, kLoopRounding));
+    EXPECT_TRUE(onlyEchoes(series(200, 200, level / 2.0, 0.25, 1000), out.right, kLoopRounding));
+}
+
+TEST(MasterFeedback, PansEachChannelByItsOwnAmount) {
+    MasterRig rig;
+    rig.set(Family::SelectFB, 0.125f);
+    rig.set(Family::PanFBL, 0.25f);
+    rig.set(Family::PanFBR, 0.375f);
+    const double level = wetLevel(rig) * tapLevel(rig, 0);
+    const Stereo fromLeft = rig.play(impulse(250, 1.0f, 0.0f));
+    EXPECT_TRUE(onlyEchoes({{100, level}, {200, level * 0.375}}, fromLeft.left, kRounding));
+    EXPECT_TRUE(onlyEchoes({{200, level * 0.125}}, fromLeft.right, kRounding));
+    rig.engine.clearRings();
+    const Stereo fromRight = rig.play(impulse(250, 0.0f, 1.0f));
+    EXPECT_TRUE(onlyEchoes({{200, level * 0.3125}}, fromRight.left, kRounding));
+    EXPECT_TRUE(onlyEchoes({{100, level}, {200, level * 0.1875}}, fromRight.right, kRounding));
+}
+
+TEST(MasterFeedback, OfATapWithoutDelayAddsACopyAndDoesNotCirculate) {
+    MasterRig rig;
+    rig.engine.delaySamples[0] = 0;
+    rig.set(Family::SelectFB, 0.125f);
+    const Stereo out = rig.play(impulse(500));
+    const double level = wetLevel(rig) * tapLevel(rig, 0) * 1.5;
+    EXPECT_TRUE(onlyEchoes({{0, level}}, out.left, kRounding));
+}
+
+TEST(MasterFeedback, IsOffInMultiFb) {
+    MasterRig rig;
+    rig.set(Family::SelectFB, 0.125f);
+    rig.set(Family::ModeFB, kMultiFb);
+    rig.set(Family::ActiveFB, 1.0f);
+    const Stereo out = rig.play(impulse(500));
+    EXPECT_TRUE(onlyEchoes({{100, wetLevel(rig) * tapLevel(rig, 0)}}, out.left, kRounding));
+}
+
+struct BusRig : MasterRig {
+    BusRig() { set(Family::ModeFB, kMultiTap); }
+
+    /// Makes `tap` the one that feeds the bus, on or off.
+    void feedFrom(int tap, bool on) {
+        for (int t = 1; t < kTaps; ++t) {
+            set(Family::ActTap, on && t == tap ? 1.0f : 0.0f, t);
+        }
+        sendToFeedback(*this, tap, 0.75f);
+        play(silence(1));  // the bus forgets the tap before
+        engine.clearRings();
+    }
+};
+
+TEST(Bus, RunsOneFrameBehindTheTapThatFeedsItOnOrOff) {
+    BusRig rig;
+    for (int tap = 0; tap < kTaps; ++tap) {
+        for (const bool on : {false, true}) {
+            SCOPED_TRACE(::testing::Message() << "tap " << tap + 1 << (on ? " on" : " off"));
+            rig.feedFrom(tap, on);
+            const Stereo out = rig.play(impulse(3000));
+            const auto delay = size_t(100 * (tap + 1));
+            const double ratio = 0.75 * 0.5;
+            auto echoes =
+                series(100, delay + 1, wetLevel(rig) * tapLevel(rig, 0), ratio, out.size());
+            if (on && tap != 0) {
+                const double level = wetLevel(rig) * tapLevel(rig, tap);
+                const auto own = series(delay, delay + 1, level, ratio, out.size());
+                echoes.insert(echoes.end(), own.begin(), own.end());
+            }
+            EXPECT_TRUE(onlyEchoes(echoes, out.left, kLoopRounding));
+            EXPECT_TRUE(onlyEchoes(echoes, out.right, kLoopRounding));
+        }
+    }
+}
+
+TEST(Bus, OfAProcessedTapTakesTheGainOfTheTapAlong) {
+    for (const int tap : {2, 6}) {
+        SCOPED_TRACE(tap);
+        BusRig rig;
+        rig.delay(tap, 5000);
+        rig.set(Family::GainT, 0.6f, tap);
+        rig.feedFrom(tap, true);
+        rig.set(Family::FBPostT, 1.0f, tap);
+        rig.settle();
+        rig.set(Family::GainT, 0.6f, 0);
+        const Stereo out = rig.play(impulse(16000));
+        const double gain = tapLevel(rig, tap);
+        EXPECT_NEAR(1.44, gain, 1e-3);
+        const auto own = series(5000, 5001, wetLevel(rig) * gain, gain * 0.375, out.size());
+        for (const Echo& echo : own) {
+            EXPECT_NEAR(echo.level, double(out.left[echo.frame]), kLoopRounding);
+            EXPECT_EQ(0.0f, out.left[echo.frame - 1]);
+            EXPECT_EQ(0.0f, out.left[echo.frame + 1]);
+        }
+    }
+}
+
+TEST(Bus, StartsWithWhatASilentTapGaveInTheFrameBefore) {
+    BusRig rig;
+    rig.feedFrom(3, false);
+    rig.set(Family::ActiveFB, 0.0f);
+    rig.play(constant(1000, 1.0f, 1.0f));
+    rig.engine.clearRings();
+    rig.set(Family::ActiveFB, 1.0f);
+    const Stereo out = rig.play(silence(800));
+    const double level = wetLevel(rig) * tapLevel(rig, 0) * 0.75 * 0.5;
+    EXPECT_TRUE(onlyEchoes({{100, level}, {501, level * 0.375}}, out.left, kLoopRounding));
+}
+
+TEST(Bus, HasNoFeedbackFromATapIntoItsOwnLinesOnly) {
+    BusRig rig;
+    rig.feedFrom(0, true);
+    rig.set(Family::ActiveFB, 0.0f);
+    const Stereo out = rig.play(impulse(500));
+    EXPECT_TRUE(onlyEchoes({{100, wetLevel(rig) * tapLevel(rig, 0)}}, out.left, kRounding));
+}
+
+}  // namespace
+}  // namespace tessel8::testing

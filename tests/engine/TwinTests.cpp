@@ -1,0 +1,364 @@
+#include <random>
+#include <sstream>
+
+#include "Settings.h"
+#include "support/TwinRig.h"
+
+// The real loops against the scalar reference, bit by bit, over settings drawn at random. A
+// failure prints the seed, the block and what was set.
+
+namespace tessel8::testing {
+namespace {
+
+/// Whether filters, saturators, reverb and modulation take part.
+constexpr bool kWithProcessors = true;
+
+class Draw {
+  public:
+    explicit Draw(uint32_t seed) : random(seed) {}
+    int32_t below(int32_t limit) { return int32_t(random() % uint32_t(limit)); }
+    bool chance(double share) { return double(random()) < share * 4294967296.0; }
+    float unit() { return float(random() >> 8) / 16777215.0f; }
+    float toggle() { return chance(0.5) ? 1.0f : 0.0f; }
+    /// Ends and middle come up more often than anything between.
+    float value() { return chance(0.3) ? float(below(3)) * 0.5f : unit(); }
+
+    int32_t delay(int32_t ringLen) {
+        constexpr int32_t kShort[] = {0, 1, 2, 3, 17, 31, 32, 33, 63, 64, 65};
+        switch (below(4)) {
+            case 0:
+                return kShort[below(std::size(kShort))];
+            case 1:
+                return below(400);
+            case 2:
+                return 4410 + below(2000);  // long enough for feedback behind the processing
+            default:
+                return below(ringLen);
+        }
+    }
+
+    Stereo sound(size_t frames) {
+        switch (below(4)) {
+            case 0:
+                return silence(frames);
+            case 1: {
+                Stereo s(frames);
+                for (size_t i = 0; i < frames; i += 1 + size_t(below(60))) {
+                    s.left[i] = unit();
+                    s.right[i] = -unit();
+                }
+                return s;
+            }
+            case 2:
+                return noise(frames, random(), 30.0f);  // far into the limits
+            default:
+                return noise(frames, random(), 0.5f);
+        }
+    }
+
+  private:
+    std::mt19937 random;
+};
+
+constexpr Family kTapLevels[] = {Family::GainT, Family::WidthT, Family::PanTap};
+constexpr Family kMasterLevels[] = {Family::Input, Family::Output, Family::Mix};
+constexpr Family kFeedback[] = {Family::GainFB, Family::PanFBL, Family::PanFBR, Family::SelectFB};
+constexpr Family kTapProcessors[] = {Family::TypeFT,  Family::FreqFT,  Family::ResoFT,
+                                     Family::GainFT,  Family::SourceF, Family::DepthFT,
+                                     Family::PhaseFT, Family::DriveT,  Family::RevTap};
+constexpr Family kTapProcessorSwitches[] = {Family::ActFltT, Family::PreDrvT, Family::ActDrvT,
+                                            Family::ActRevT};
+constexpr Family kMasterProcessors[] = {
+    Family::TypeFFB, Family::FreqFFB, Family::ResoFFB,  Family::SourceFB, Family::DepthFB,
+    Family::DriveFB, Family::FreqMod, Family::PhaseMod, Family::SourceEF, Family::SpeedEF,
+    Family::WaveMod, Family::ModeRev, Family::TypeRev,  Family::DampRev,  Family::AmtRev};
+constexpr Family kMasterProcessorSwitches[] = {Family::ActFltFB, Family::ActDrvFB, Family::ActRev,
+                                               Family::ActMod};
+
+template <size_t N>
+Family anyOf(Draw& draw, const Family (&families)[N]) {
+    return families[draw.below(N)];
+}
+
+struct FuzzRig : TwinRig {
+    /// The seed chooses the instruction set as well, so that all of them are measured.
+    explicit FuzzRig(uint32_t seed, float rate = kLowestRate)
+        : TwinRig(setOf(seed), rate), draw(seed), seedOfRun(seed) {
+        fillLines(seed);
+    }
+
+    static InstructionSet setOf(uint32_t seed) {
+        const InstructionSet set = kInstructionSets[seed % kInstructionSets.size()];
+        return isSupported(set) ? set : InstructionSet::Baseline;
+    }
+
+    void change(Family family, float value, int tap = 0) {
+        set(family, value, tap);
+        story << " " << parameterName(parameterIndex(family, tap)) << "=" << value;
+    }
+
+    void changeDelay(int tap) {
+        change(Family::DelayT, delayValue(draw.delay(engine.ringLen)), tap);
+    }
+
+    /// One random change of anything but the feedback mode and, if told so, the taps' switches.
+    void changeAnything(bool switches) {
+        const int tap = draw.below(kTaps);
+        switch (draw.below(kWithProcessors ? 12 : 8)) {
+            case 0:
+                changeDelay(tap);
+                if (draw.chance(0.7)) {
+                    endFades();
+                    story << " fades ended";
+                }
+                break;
+            case 1:
+                change(anyOf(draw, kTapLevels), draw.value(), tap);
+                break;
+            case 2:
+                change(anyOf(draw, kMasterLevels), draw.value());
+                break;
+            case 3:
+                change(anyOf(draw, kFeedback), draw.value());
+                break;
+            case 4:
+                change(draw.chance(0.7) ? Family::TAPtoFB : Family::ActiveFB, draw.toggle());
+                change(Family::TAPtoFB, draw.toggle(), tap);
+                break;
+            case 5:
+                change(Family::AmtFBT, draw.value(), tap);
+                break;
+            case 6:
+                change(Family::FBPostT, draw.toggle(), tap);
+                break;
+            case 7:
+                if (switches) {
+                    change(Family::ActTap, draw.toggle(), tap);
+                }
+                break;
+            case 8:
+                change(anyOf(draw, kTapProcessors), draw.value(), tap);
+                break;
+            case 9:
+                change(anyOf(draw, kTapProcessorSwitches), draw.toggle(), tap);
+                break;
+            case 10:
+                change(anyOf(draw, kMasterProcessors), draw.value());
+                break;
+            default:
+                change(anyOf(draw, kMasterProcessorSwitches), draw.toggle());
+                break;
+        }
+    }
+
+    /// Settings to start from: a mode, switches of the taps, delays of every kind.
+    void begin(float mode, bool highTaps) {
+        change(Family::ModeFB, mode);
+        for (int t = 0; t < kTaps; ++t) {
+            const bool may = t < 4 || highTaps;
+            change(Family::ActTap, may ? draw.toggle() : 0.0f, t);
+            changeDelay(t);
+            change(Family::AmtFBT, draw.value(), t);
+        }
+        if (highTaps) {
+            change(Family::ActTap, 1.0f, 4 + draw.below(4));
+        }
+        for (int i = 0; i < 40; ++i) {
+            changeAnything(false);
+        }
+        change(Family::Output, 0.5f);
+        change(Family::ActiveFB, 1.0f);
+        endFades();
+        // Short fades, so that every part of one comes up within a few blocks.
+        engine.fadeHoldLen = draw.below(500);
+        engine.fadeStep = 1.0f / float(1 + draw.below(500));
+        // Anywhere in the ring, often close before its end.
+        const int32_t behind = draw.chance(0.5) ? 1 + draw.below(3000) : draw.below(engine.ringLen);
+        engine.writePos = twin.writePos = engine.ringLen - 1 - behind;
+    }
+
+    /// Plays blocks of any size with changes between them.
+    void run(int blocks, bool switches, bool modes) {
+        for (int b = 0; b < blocks; ++b) {
+            for (int i = draw.below(4); i > 0; --i) {
+                changeAnything(switches);
+            }
+            if (modes && draw.chance(0.1)) {
+                change(Family::ModeFB, float(draw.below(3)));
+            }
+            if (kWithProcessors && draw.chance(0.05)) {
+                turnLfo((draw.unit() - 0.5f) * 6.28f);
+            }
+            const bool active = !draw.chance(0.02);
+            const auto frames = size_t(draw.below(301));
+            ASSERT_TRUE(playBlock(draw.sound(frames), active))
+                << "in block " << b << " of " << frames << " frames, seed " << seedOfRun << "\n"
+                << story.str();
+            ASSERT_TRUE(sameState()) << "behind block " << b << ", seed " << seedOfRun << "\n"
+                                     << story.str();
+            story << "\n|" << frames << (active ? "|" : " passed through|");
+        }
+    }
+
+    Draw draw;
+    uint32_t seedOfRun;
+    std::ostringstream story;
+};
+
+struct Fuzz {
+    const char* name;
+    float mode;
+    bool highTaps;
+};
+
+class Twin : public ::testing::TestWithParam<Fuzz> {};
+INSTANTIATE_TEST_SUITE_P(Loops, Twin,
+                         ::testing::Values(Fuzz{"FourTapsMultiEcho", kMultiEcho, false},
+                                           Fuzz{"FourTapsMultiTap", kMultiTap, false},
+                                           Fuzz{"EightTapsMultiEcho", kMultiEcho, true},
+                                           Fuzz{"EightTapsMultiTap", kMultiTap, true},
+                                           Fuzz{"GatedInput", kMultiFb, true}),
+                         [](const auto& fuzz) { return std::string(fuzz.param.name); });
+
+constexpr uint32_t kRuns = 30;
+
+TEST_P(Twin, GivesTheSameBitsForRandomSettings) {
+    float loudest = 0.0f;
+    for (uint32_t seed = 1; seed <= kRuns && !HasFatalFailure(); ++seed) {
+        FuzzRig rig(seed);
+        rig.begin(GetParam().mode, GetParam().highTaps);
+        rig.run(30, false, false);
+        EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
+        loudest = std::max(loudest, rig.loudest);
+    }
+    EXPECT_GT(loudest, 1.0f);
+}
+
+TEST_P(Twin, GivesTheSameBitsWhileTapsAreSwitched) {
+    for (uint32_t seed = 1001; seed <= 1000 + kRuns && !HasFatalFailure(); ++seed) {
+        FuzzRig rig(seed);
+        rig.begin(GetParam().mode, GetParam().highTaps);
+        rig.run(60, true, false);
+        EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
+    }
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsWhileTheModeChanges) {
+    for (uint32_t seed = 2001; seed <= 2000 + kRuns && !::testing::Test::HasFatalFailure();
+         ++seed) {
+        FuzzRig rig(seed);
+        rig.begin(float(seed % 3), seed % 2 == 0);
+        rig.run(100, true, true);
+        EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
+    }
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsForEveryTapOnTheBus) {
+    for (int tap = 0; tap < kTaps; ++tap) {
+        for (const bool on : {false, true}) {
+            FuzzRig rig(uint32_t(3000 + 2 * tap + int(on)));
+            for (int t = 0; t < kTaps; ++t) {
+                rig.change(Family::ActTap, t == 0 || (on && t == tap) ? 1.0f : 0.0f, t);
+                rig.changeDelay(t);
+            }
+            rig.change(Family::DelayT, rig.delayValue(4410 + tap), tap);
+            rig.change(Family::ModeFB, kMultiTap);
+            rig.change(Family::AmtFBT, 0.9f, tap);
+            rig.change(Family::TAPtoFB, 1.0f, tap);
+            rig.change(Family::FBPostT, 1.0f, tap);
+            rig.change(Family::GainFB, 0.9f);
+            rig.change(Family::ActiveFB, 1.0f);
+            rig.endFades();
+            for (const size_t frames : {300, 1, 299, 64, 0, 33, 5000}) {
+                ASSERT_TRUE(rig.playBlock(noise(frames, uint32_t(frames))))
+                    << "tap " << tap + 1 << (on ? " on" : " off");
+            }
+            EXPECT_GT(rig.loudest, 0.1f);
+            EXPECT_TRUE(rig.sameLines());
+        }
+    }
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsForEveryShortDelayInAllTaps) {
+    for (const float mode : {kMultiEcho, kMultiTap, kMultiFb}) {
+        for (const int32_t delay : {0, 1, 3, 17, 31, 32, 33}) {
+            FuzzRig rig(uint32_t(4000 + delay));
+            rig.change(Family::ModeFB, mode);
+            for (int t = 0; t < kTaps; ++t) {
+                rig.change(Family::ActTap, 1.0f, t);
+                rig.change(Family::DelayT, rig.delayValue(delay), t);
+                rig.change(Family::AmtFBT, 0.1f * float(t + 1), t);
+                rig.change(Family::TAPtoFB, 1.0f, t);
+            }
+            rig.change(Family::GainFB, 0.5f);
+            rig.change(Family::ActiveFB, 1.0f);
+            rig.endFades();
+            for (const size_t frames : {1000, 1, 32, 33, 31, 500}) {
+                ASSERT_TRUE(rig.playBlock(noise(frames, uint32_t(frames))))
+                    << "mode " << mode << ", delay " << delay;
+            }
+            EXPECT_TRUE(rig.sameLines());
+        }
+    }
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsAfterTheProcessorsWereCleared) {
+    FuzzRig rig(5000);
+    rig.begin(kMultiEcho, true);
+    rig.run(20, true, false);
+    rig.engine.clear();
+    rig.twin.clear();
+    rig.run(20, true, false);
+    rig.engine.clearRings();
+    rig.twin.clearRings();
+    rig.run(20, true, true);
+    EXPECT_TRUE(rig.sameLines());
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsAtHigherRates) {
+    for (const float rate : {48000.0f, 96000.0f, 192000.0f}) {
+        FuzzRig rig(uint32_t(rate), rate);
+        rig.begin(kMultiEcho, true);
+        rig.run(60, true, true);
+        EXPECT_TRUE(rig.sameLines()) << rate;
+    }
+}
+
+// A tap that nobody hears still has a read, a feedback and a filter that runs. Each shows when
+// something turns to the tap.
+
+TEST(TwinOfAllLoops, GivesTheSameBitsWhenTheFollowerTurnsToATapThatIsOff) {
+    if (!kWithProcessors) {
+        GTEST_SKIP();
+    }
+    for (const int tap : {2, 6}) {
+        FuzzRig rig(6000);
+        rig.delay(tap, 500);
+        rig.endFades();
+        ASSERT_TRUE(rig.playBlock(noise(300, 1)));
+        rig.set(Family::SourceEF, float(tap + 1) / 9.0f);
+        rig.set(Family::ActMod, 1.0f);
+        ASSERT_TRUE(rig.playBlock(noise(300, 2)));
+        EXPECT_TRUE(rig.sameState()) << "tap " << tap + 1;
+    }
+}
+
+TEST(TwinOfAllLoops, GivesTheSameBitsWhenATapWithAFilterIsSwitchedOn) {
+    if (!kWithProcessors) {
+        GTEST_SKIP();
+    }
+    for (const int tap : {2, 6}) {
+        FuzzRig rig(6001);
+        rig.delay(tap, 500);
+        rig.endFades();
+        rig.set(Family::ActTap, 1.0f, 7);
+        rig.set(Family::ActFltT, 1.0f, tap);
+        rig.set(Family::FreqFT, 0.2f, tap);
+        ASSERT_TRUE(rig.playBlock(noise(3000, 1)));
+        rig.set(Family::ActTap, 1.0f, tap);
+        EXPECT_TRUE(rig.playBlock(noise(300, 2))) << "tap " << tap + 1;
+    }
+}
+
+}  // namespace
+}  // namespace tessel8::testing
