@@ -1,5 +1,7 @@
 // The feedback section: modes, sends, the selected tap, feedback behind the taps.
 
+#include <algorithm>
+
 #include "parameters/ParametersFixture.h"
 
 namespace tessel8 {
@@ -137,6 +139,25 @@ TEST_F(FeedbackSection, AModeChangeTakesTheTapsThatAreOffOutOfPost) {
     for (const float mode : {1.0f, 2.0f, 0.0f}) {
         set(at::ModeFB, mode);
         EXPECT_EQ(on(at::FBPostT), "2") << "mode " << mode;
+    }
+}
+
+TEST_F(FeedbackSection, AModeChangeTellsTheEditorWhatItTurnsOff) {
+    set(at::FBPostT + 1, 1.0f);
+    set(at::TAPtoFB + 1, 1.0f);
+    for (const float mode : {1.0f, 2.0f}) {
+        outside.told.clear();
+        set(at::ModeFB, mode);
+        const auto isTold = [this](const std::string& line) {
+            return std::find(outside.told.begin(), outside.told.end(), line) != outside.told.end();
+        };
+        for (int32_t tap = 0; tap < 8; ++tap) {
+            EXPECT_EQ(isTold(editor(at::FBPostT + tap, 0)), tap != 1) << "tap " << tap + 1;
+            EXPECT_EQ(isTold(editor(at::TAPtoFB + tap, 0)), tap != 1 && mode == 1.0f);
+        }
+        EXPECT_TRUE(isTold(editor(at::SelectFB, mode == 1.0f ? 0.0f : 1.0f)));
+        EXPECT_EQ(isTold(editor(at::ActiveFB, 0)), mode == 2.0f);
+        EXPECT_EQ(outside.told[outside.told.size() - 2], editor(at::ModeFB, mode));
     }
 }
 

@@ -1,5 +1,7 @@
 // LFO, note mode, song position and envelope follower.
 
+#include <algorithm>
+
 #include "parameters/ParametersFixture.h"
 
 namespace tessel8 {

@@ -124,7 +124,7 @@ TEST_F(LifeCycle, SuspendLeavesNothingThatResumeCouldBringBack) {
         hosted.noise();
     }
     EXPECT_GT(hosted.peakOfSilence(8), 0.1f);  // the echo is there
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < kWholeMemory; ++i) {
         hosted.noise();
     }
     hosted.mains(false);
