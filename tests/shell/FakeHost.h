@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <string>
@@ -115,11 +116,17 @@ class HostedEffect {
     /// Whether a block of noise comes out bit by bit as it went in.
     bool isTransparent() {
         noise();
-        return std::memcmp(inL, outL, sizeof inL) == 0 && std::memcmp(inR, outR, sizeof inR) == 0;
+        bool same = true;
+        for (size_t i = 0; i < kFrames; ++i) {
+            same = same && bits(inL[i]) == bits(outL[i]) && bits(inR[i]) == bits(outR[i]);
+        }
+        return same;
     }
 
     Tessel8& object() { return *static_cast<Tessel8*>(static_cast<AudioEffect*>(effect->object)); }
     int status() { return int(object().getEngineStatus()); }
+
+    static uint32_t bits(float value) { return std::bit_cast<uint32_t>(value); }
 
     AEffect* effect;
     float inL[kFrames], inR[kFrames], outL[kFrames], outR[kFrames];
