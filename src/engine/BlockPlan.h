@@ -13,11 +13,12 @@ namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
 struct BlockPlan {
-    uint32_t read = 0;         ///< taps whose lines are read, one bit a tap
-    uint32_t bus = 0;          ///< taps that give something to the master feedback's bus
-    uint32_t zeroDelay = 0;    ///< read taps that hear what their lines get in the same frame
-    bool ownFeedback = false;  ///< some tap of the loop's groups feeds its own lines
-    bool tapsFirst = false;    ///< what is written needs the taps' outputs of the same stretch
+    uint32_t read = 0;          ///< taps whose lines are read, one bit a tap
+    uint32_t bus = 0;           ///< taps that give something to the master feedback's bus
+    uint32_t zeroDelay = 0;     ///< read taps that hear what their lines get in the same frame
+    uint32_t own = 0;           ///< taps that feed their own lines
+    bool busAfterTaps = false;  ///< the bus needs the taps' outputs of the same stretch
+    bool postUsed = false;      ///< somebody needs the taps' feedback from behind them
     bool singleFrames = false;
     bool masterFb = false;
     int selectedTap = 0;
@@ -34,7 +35,6 @@ struct BlockPlan {
         plan.followerSource = e.follower.source;
         plan.modulation = e.lfo.wave != LfoWave::Off;
         bool followed = plan.masterFb && e.fbEfAmount != 0.0f;
-        bool afterTap = false;
         for (int t = 0; t < kTaps; ++t) {
             const uint32_t bit = 1u << t;
             const size_t lane = size_t(t);
@@ -42,13 +42,13 @@ struct BlockPlan {
             const bool inLoop = t < Lanes;
             if (busHeard && sent) {
                 plan.bus |= bit;
-                afterTap |= inLoop && e.busFbSrc[t] == FeedbackSource::AfterTap;
+                plan.busAfterTaps |= inLoop && e.busFbSrc[t] == FeedbackSource::AfterTap;
             }
             // A feedback amount that has just become zero leaves one sample behind.
             const bool feeds = inLoop && e.tapFbSrc[t] != FeedbackSource::None &&
                                (sent || e.postFbL[lane] != 0.0f || e.postFbR[lane] != 0.0f);
-            plan.ownFeedback |= feeds;
-            afterTap |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap;
+            plan.own |= feeds ? bit : 0;
+            plan.postUsed |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap;
             const bool selected = plan.masterFb && !busHeard && t == plan.selectedTap;
             followed |= inLoop && e.tapEfAmount[lane] != 0.0f;
             // A filter goes on filtering while its tap is off.
@@ -60,10 +60,10 @@ struct BlockPlan {
                 plan.zeroDelay |= e.readDelay[t] == 0 ? bit : 0;
             }
         }
-        plan.tapsFirst = afterTap;
+        plan.postUsed |= plan.busAfterTaps;
         plan.followerHeard = plan.modulation && followed;
         plan.singleFrames =
-            (afterTap && plan.zeroDelay != 0) || (plan.followerHeard && plan.followerWaits());
+            (plan.postUsed && plan.zeroDelay != 0) || (plan.followerHeard && plan.followerWaits());
         return plan;
     }
 
@@ -76,6 +76,7 @@ struct BlockPlan {
         return followerSource == Follower::kMasterOut || followsZeroDelay();
     }
 
+    bool feedsItself(int tap) const { return own >> tap & 1u; }
     bool reads(int tap) const { return read >> tap & 1u; }
     bool readsAtZero(int tap) const { return zeroDelay >> tap & 1u; }
 

@@ -77,7 +77,8 @@ void Engine::setSmoothingRate(float rate) {
     smooth30 = onePole(30.0f, rate);
     smooth250 = onePole(250.0f, rate);
     fadeStep = 2.0f / rate;
-    fadeHoldLen = int32_t(rate) / 2;
+    // A host may have told anything; a rate out of range never gets to process.
+    fadeHoldLen = rate >= kLowestRate && rate <= kHighestRate ? int32_t(rate) / 2 : 0;
 }
 
 void Engine::resetState() {
@@ -143,8 +144,8 @@ void Engine::carryOut(uint32_t wanted) {
             }
         }
         if (asked(kGainSnapRequests, tap)) {
-            tapFltGainSmooth[tap] = tapFltGainTarget[tap];
-            tapFltRootSmooth[tap] = tapFltRootTarget[tap];
+            tapFltGainSmooth[tap] = snappedGain[tap];
+            tapFltRootSmooth[tap] = snappedRoot[tap];
         }
     }
     if (asked(kFbRequests, 0) || asked(kFbRequests, 1)) {

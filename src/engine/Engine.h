@@ -202,8 +202,12 @@ struct Engine {
     /// changed, so that no block can see the new delay without the fade.
     void restartFade(int tap) { request(kFadeRequests, tap); }
     void clearTapFilter(int tap) { request(kTapFilterRequests, tap); }
-    /// The smoothed gain of the tap's filter jumps to its target.
-    void snapTapFilterGain(int tap) { request(kGainSnapRequests, tap); }
+    /// The smoothed gain of the tap's filter jumps to what is its target now.
+    void snapTapFilterGain(int tap) {
+        snappedGain[size_t(tap)] = tapFltGainTarget[size_t(tap)];
+        snappedRoot[size_t(tap)] = tapFltRootTarget[size_t(tap)];
+        request(kGainSnapRequests, tap);
+    }
     void clearFbBiquad() { request(kFbRequests, 0); }
     /// Clears the feedback signals of taps and master and the memories of the master's filter.
     void clearFeedback() { request(kFbRequests, 1); }
@@ -247,6 +251,7 @@ struct Engine {
     void settleReads(uint32_t taps);
 
     SampleLoops loops;
+    TapBlock snappedGain, snappedRoot;
     std::atomic<uint32_t> requests{0};
 };
 

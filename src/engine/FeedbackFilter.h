@@ -11,16 +11,19 @@
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
-/// Modulated and smoothed frequency, Hz, for every frame.
+/// Modulated and smoothed frequency of the master feedback's filter, Hz, frame by frame.
 inline void sweepFbFrequency(Engine& e, const ModulationRows& mod, int frames, Row& hz) {
-    float now = e.fbFreqSmooth;
-    for (int i = 0; i < frames; ++i) {
-        float target = e.fbFreqBase;
-        if (!mod.off) {
+    if (!mod.off) {
+        for (int i = 0; i < frames; ++i) {
             const float sum =
                 mod.follower[i] * e.fbEfAmount + mod.lfoPositive[i] * e.fbLfoAmount + 1.0f;
-            target *= e.octaveTable.data()[tableIndex(sum * kOctaveScale, kOctaveEntries)];
+            hz[i] =
+                e.fbFreqBase * e.octaveTable.data()[tableIndex(sum * kOctaveScale, kOctaveEntries)];
         }
+    }
+    float now = e.fbFreqSmooth;
+    for (int i = 0; i < frames; ++i) {
+        const float target = mod.off ? e.fbFreqBase : hz[i];
         now = clampScalar(e.smooth250.take * target + e.smooth250.keep * now, kLowestFrequency,
                           kHighestFrequency);
         hz[i] = now;
@@ -34,46 +37,69 @@ TESSEL8_INLINE Pack<4> stereo(float left, float right) {
     return p;
 }
 
-/// The state-variable filter over a stretch. `State` names the output.
-template <FbFilterType State>
-void runStateVariable(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
+/// The state-variable filter as a chain: five passes a sample, the output a mean of all passes in
+/// which the later ones weigh more.
+struct StateVariableChain {
     using P = Pack<4>;
-    constexpr int kPasses = 5;
-    const float reso = e.fbReso;
-    const P six = P::all(6.0f);
-    const P two = P::all(2.0f);
-    P low = P::load(e.fbSvf.low.v);
-    P high = P::load(e.fbSvf.high.v);
-    P band = P::load(e.fbSvf.band.v);
-    P in = P::load(e.fbSvf.in.v);
-    for (int i = 0; i < frames; ++i) {
-        const float tuning =
-            e.svfTable.data()[tableIndex(hz[i] * kFrequencyScale, kFrequencyEntries)];
-        const float span = 2.0f / tuning - tuning / 2.0f;
-        const float m = span < 2.0f ? span : 2.0f;
-        const P f = P::all(tuning);
-        const P q = P::all((m * reso) * (m / 4.0f));
-        const P signal = stereo(left[i], right[i]);
-        P sum = signal;
+    static constexpr int kPasses = 5;
+    Engine& e;
+    Row* signal;
+    const Row& tuning;   ///< f
+    const Row& damping;  ///< q
+    Mask<4> takesLow, takesBand;
+    P in, low, high, band;
+
+    StateVariableChain(Engine& engine, const Row& f, const Row& q, Row* channels)
+        : e(engine),
+          signal(channels),
+          tuning(f),
+          damping(q),
+          in(P::load(engine.fbSvf.in.v)),
+          low(P::load(engine.fbSvf.low.v)),
+          high(P::load(engine.fbSvf.high.v)),
+          band(P::load(engine.fbSvf.band.v)) {
+        const auto when = [](bool on) { return P::all(on ? 1.0f : 0.0f) != P::all(0.0f); };
+        takesLow = when(e.fbFltType == FbFilterType::SvfLow);
+        takesBand = when(e.fbFltType == FbFilterType::SvfBand);
+    }
+
+    TESSEL8_INLINE void step(int i) {
+        const P f = P::all(tuning[i]);
+        const P q = P::all(damping[i]);
+        const P x = stereo(signal[0][i], signal[1][i]);
+        P sum = x;
         for (int pass = 0; pass < kPasses; ++pass) {
-            in = signal - q * band;
+            in = x - q * band;
             low = low + f * band;
             high = in - low;
             if (pass < kPasses - 1) {
-                band = f * high - band * band * band / six + band;
+                band = f * high - band * band * band / P::all(6.0f) + band;
             }
-            const P& out = State == FbFilterType::SvfLow    ? low
-                           : State == FbFilterType::SvfBand ? band
-                                                            : high;
-            sum = pass == 0 ? out : (sum + out) / two;
+            const P out = select(takesLow, low, select(takesBand, band, high));
+            sum = pass == 0 ? out : (sum + out) / P::all(2.0f);
         }
-        left[i] = sum.part[0][0];
-        right[i] = sum.part[0][1];
+        signal[0][i] = sum.part[0][0];
+        signal[1][i] = sum.part[0][1];
     }
-    low.store(e.fbSvf.low.v);
-    high.store(e.fbSvf.high.v);
-    band.store(e.fbSvf.band.v);
-    in.store(e.fbSvf.in.v);
+
+    TESSEL8_INLINE void finish() const {
+        in.store(e.fbSvf.in.v);
+        low.store(e.fbSvf.low.v);
+        high.store(e.fbSvf.high.v);
+        band.store(e.fbSvf.band.v);
+    }
+};
+
+/// f and q of the state-variable filter for every frame.
+inline void tuneStateVariable(const Engine& e, const Row& hz, int frames, Row& f, Row& q) {
+    for (int i = 0; i < frames; ++i) {
+        f[i] = e.svfTable.data()[tableIndex(hz[i] * kFrequencyScale, kFrequencyEntries)];
+    }
+    for (int i = 0; i < frames; ++i) {
+        const float span = 2.0f / f[i] - f[i] / 2.0f;
+        const float m = span < 2.0f ? span : 2.0f;
+        q[i] = (m * e.fbReso) * (m / 4.0f);
+    }
 }
 
 TESSEL8_INLINE TapFilterKind tapKindOf(FbFilterType type) {
@@ -87,38 +113,53 @@ TESSEL8_INLINE TapFilterKind tapKindOf(FbFilterType type) {
     }
 }
 
-inline void runFbBiquad(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
+/// The biquad as a chain.
+struct FbBiquadChain {
+    using P = Pack<4>;
+    Row* signal;
+    const CoefficientTiles<4>& tiles;
+    BiquadRun<4, Quad> run;
+
+    TESSEL8_INLINE void step(int i) {
+        const P y = run.step(tiles.at(i), stereo(signal[0][i], signal[1][i]));
+        signal[0][i] = y.part[0][0];
+        signal[1][i] = y.part[0][1];
+    }
+    TESSEL8_INLINE void finish() const { run.keep(); }
+};
+
+inline void findFbCoefficients(const Engine& e, const Row& hz, int frames,
+                               CoefficientTiles<4>& tiles) {
     using P = Pack<4>;
     const TapFilterKind tapKind = tapKindOf(e.fbFltType);
     const TapFilterKind kinds[] = {tapKind, tapKind, tapKind, tapKind};
     const KindMasks<4> kind(kinds);
     const P q = P::all(e.fbReso);
     const P unity = P::all(1.0f);
-    BiquadRun<4, Quad> run(e.fbBq);
     for (int i = 0; i < frames; ++i) {
         const P tangent =
             P::all(e.tanTable.data()[tableIndex(hz[i] * kFrequencyScale, kFrequencyEntries)]);
-        const P y = run.step(coefficients<4, false>(kind, tangent, q, unity, unity),
-                             stereo(left[i], right[i]));
-        left[i] = y.part[0][0];
-        right[i] = y.part[0][1];
+        tiles.set(i, coefficients<4, false>(kind, tangent, q, unity, unity));
     }
-    run.keep();
 }
 
-inline void filterFeedback(Engine& e, const Row& hz, int frames, Row& left, Row& right) {
-    switch (e.fbFltType) {
-        case FbFilterType::SvfLow:
-            runStateVariable<FbFilterType::SvfLow>(e, hz, frames, left, right);
-            break;
-        case FbFilterType::SvfBand:
-            runStateVariable<FbFilterType::SvfBand>(e, hz, frames, left, right);
-            break;
-        case FbFilterType::SvfHigh:
-            runStateVariable<FbFilterType::SvfHigh>(e, hz, frames, left, right);
-            break;
-        default:
-            runFbBiquad(e, hz, frames, left, right);
+/// Moves the frequency on and hands the chain that the master feedback's filter needs to `run`.
+template <typename Run>
+TESSEL8_INLINE void withFeedbackFilter(Engine& e, const ModulationRows& mod, int frames,
+                                       Row* signal, Run run) {
+    Row hz;
+    sweepFbFrequency(e, mod, frames, hz);
+    if (!e.fbFilterOn) {
+        run(NoChain{});
+    } else if (e.fbFltType <= FbFilterType::SvfHigh) {
+        Row f;
+        Row q;
+        tuneStateVariable(e, hz, frames, f, q);
+        run(StateVariableChain(e, f, q, signal));
+    } else {
+        CoefficientTiles<4> tiles;
+        findFbCoefficients(e, hz, frames, tiles);
+        run(FbBiquadChain{signal, tiles, BiquadRun<4, Quad>(e.fbBq)});
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-// Between the delay lines, one piece of memory a tap, and the tiles, one pack of taps a frame.
+// Reading the delay lines: raw reads, the fade behind a delay change, and the way from rows (one
+// tap's frames) to a tile (one frame's taps).
 
 #include <cstdint>
 
@@ -11,93 +12,139 @@
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
-alignas(32) constexpr float kSilence[kStretch] = {};
-
-enum class Channel { Left, Right };
-
 template <typename E>
-TESSEL8_INLINE auto* lineOf(E& e, Channel channel, int tap) {
-    auto& rings = channel == Channel::Left ? e.ringL : e.ringR;
+TESSEL8_INLINE auto* lineOf(E& e, int channel, int tap) {
+    auto& rings = channel == 0 ? e.ringL : e.ringR;
     return rings[size_t(tap / DelayRing::kLines)].line(tap % DelayRing::kLines);
 }
 
-/// Where the raw read of a tap stands for the next `kStretch` frames. A tap without delay finds
-/// the input alone: the feedback comes to its line after this read.
-template <bool GateAtInput>
-TESSEL8_INLINE const float* rawRead(const Engine& e, const BlockPlan& plan, Channel channel,
-                                    int tap, const Row& input) {
-    if (!plan.reads(tap)) {
-        return kSilence;
-    }
-    if (plan.readsAtZero(tap)) {
-        const bool closed = GateAtInput && e.tapGate[size_t(tap)] == 0.0f;
-        return closed ? kSilence : input.v;
-    }
-    return lineOf(e, channel, tap) + e.readPos[tap];
-}
-
-/// Fills a tile with the reads of the loop's taps. Reads whole vectors, so up to three floats
-/// behind the stretch; those frames of the tile mean nothing.
+/// Points at the raw reads of all taps. A tap without delay finds the input alone: the feedback
+/// comes to its line after this read.
 template <int Lanes, bool GateAtInput>
-void gatherReads(const Engine& e, const BlockPlan& plan, Channel channel, const Row& input,
-                 int frames, Tile<Lanes>& tile) {
-    for (int group = 0; group < Lanes; group += 4) {
-        const float* from[4];
-        for (int k = 0; k < 4; ++k) {
-            from[k] = rawRead<GateAtInput>(e, plan, channel, group + k, input);
-        }
-        for (int i = 0; i < frames; i += 4) {
-            F4 a = loadUnaligned(from[0] + i);
-            F4 b = loadUnaligned(from[1] + i);
-            F4 c = loadUnaligned(from[2] + i);
-            F4 d = loadUnaligned(from[3] + i);
-            transpose(a, b, c, d);
-            storeUnaligned(&tile.v[i][group], a);
-            storeUnaligned(&tile.v[i + 1][group], b);
-            storeUnaligned(&tile.v[i + 2][group], c);
-            storeUnaligned(&tile.v[i + 3][group], d);
+void gatherReads(const Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
+    for (int c = 0; c < kChannels; ++c) {
+        for (int t = 0; t < kTaps; ++t) {
+            const Row*& raw = w.raw[c][t];
+            if (!plan.reads(t)) {
+                raw = &kSilentRow;
+            } else if (plan.readsAtZero(t)) {
+                const bool closed = GateAtInput && e.tapGate[size_t(t)] == 0.0f;
+                raw = closed ? &kSilentRow : &w.in[c];
+            } else {
+                // A whole row at once; the gap behind a line has room for what is too much.
+                __builtin_memcpy(w.rawStore[c][t].v, lineOf(e, c, t) + e.readPos[t], sizeof(Row));
+                raw = &w.rawStore[c][t];
+            }
+            w.tap[c][t] = raw;
         }
     }
 }
 
-/// Writes a tile to the lines at `writePos`: exactly `frames` frames, for what stands behind them
-/// is the oldest signal in the ring.
-template <int Lanes>
-void scatterWrites(Engine& e, Channel channel, int frames, const Tile<Lanes>& tile) {
-    for (int group = 0; group < Lanes; group += 4) {
-        float* to[4];
-        for (int k = 0; k < 4; ++k) {
-            to[k] = lineOf(e, channel, group + k) + e.writePos;
+/// The taps' fades over a stretch. A tap is silent for `fadeHoldLen` frames after its delay was
+/// changed and then fades in. The count is common to all taps: a second change restarts the
+/// silence of a tap that still fades.
+struct Fades {
+    Row level[kTaps];
+    uint32_t fading = 0;  ///< taps whose level is not full, one bit a tap
+
+    bool isFull(int tap) const { return !(fading >> tap & 1u); }
+
+    template <int Lanes>
+    void advance(Engine& e, int frames) {
+        fading = 0;
+        const int64_t held = int64_t(e.fadeHoldLen) - e.fadeHoldCount;
+        for (int t = 0; t < Lanes; ++t) {
+            float fade = e.tapFade[size_t(t)];
+            if (fade == 1.0f) {
+                continue;
+            }
+            fading |= 1u << t;
+            for (int i = 0; i < frames; ++i) {
+                if (i >= held) {
+                    fade += e.fadeStep;
+                    fade = fade < 1.0f ? fade : 1.0f;
+                }
+                level[t][i] = fade;
+            }
+            e.tapFade[size_t(t)] = fade;
         }
-        int i = 0;
-        for (; i + 4 <= frames; i += 4) {
-            F4 a = loadUnaligned(&tile.v[i][group]);
-            F4 b = loadUnaligned(&tile.v[i + 1][group]);
-            F4 c = loadUnaligned(&tile.v[i + 2][group]);
-            F4 d = loadUnaligned(&tile.v[i + 3][group]);
-            transpose(a, b, c, d);
-            storeUnaligned(to[0] + i, a);
-            storeUnaligned(to[1] + i, b);
-            storeUnaligned(to[2] + i, c);
-            storeUnaligned(to[3] + i, d);
+    }
+
+    /// Puts a tap's read under its fade.
+    template <int Lanes>
+    void apply(Workspace<Lanes>& w, int t) const {
+        for (int c = 0; c < kChannels; ++c) {
+            const Row& from = *w.tap[c][t];
+            Row& to = w.tapStore[c][t];
+            inPacks(w.frames, [&](int i) { to.set(i, from.at(i) * level[t].at(i)); });
+            w.tap[c][t] = &to;
         }
-        for (; i < frames; ++i) {
-            for (int k = 0; k < 4; ++k) {
-                to[k][i] = tile.v[i][group + k];
+    }
+
+    template <int Lanes>
+    void applyAll(Workspace<Lanes>& w) const {
+        for (int t = 0; fading && t < Lanes; ++t) {
+            if (!isFull(t)) {
+                apply(w, t);
             }
         }
     }
+};
+
+/// A tap without delay hears its line as this very stretch leaves it.
+template <int Lanes>
+void readWritten(const Engine& e, const BlockPlan& plan, const Fades& fades, Workspace<Lanes>& w) {
+    for (int t = 0; plan.zeroDelay && t < Lanes; ++t) {
+        if (!plan.readsAtZero(t)) {
+            continue;
+        }
+        for (int c = 0; c < kChannels; ++c) {
+            __builtin_memcpy(w.tapStore[c][t].v, lineOf(e, c, t) + e.writePos, sizeof(Row));
+            w.tap[c][t] = &w.tapStore[c][t];
+        }
+        if (!fades.isFull(t)) {
+            fades.apply(w, t);
+        }
+    }
 }
 
-/// Writes the same row to the lines of taps `first` to `last` - 1.
-inline void fillLines(Engine& e, Channel channel, int first, int last, int frames, const Row& row) {
-    for (int tap = first; tap < last; ++tap) {
-        float* const to = lineOf(e, channel, tap) + e.writePos;
-        if (frames == kStretch) {
-            __builtin_memcpy(to, row.v, sizeof row.v);
-        } else {
-            __builtin_memcpy(to, row.v, size_t(frames) * sizeof(float));
-        }
+/// The last frame of every read, for the frame that follows.
+template <int Lanes>
+void keepReads(Engine& e, const Workspace<Lanes>& w) {
+    for (int t = 0; t < Lanes; ++t) {
+        e.tapReadL[size_t(t)] = (*w.tap[0][t])[w.frames - 1];
+        e.tapReadR[size_t(t)] = (*w.tap[1][t])[w.frames - 1];
+    }
+}
+
+/// Turns four rows into four lanes of a tile, or back.
+template <int Lanes>
+TESSEL8_INLINE void rowsToTile(const Row* const* rows, int first, int frames, Tile<Lanes>& tile) {
+    for (int i = 0; i < frames; i += 4) {
+        F4 a = loadUnaligned(&rows[first]->v[i]);
+        F4 b = loadUnaligned(&rows[first + 1]->v[i]);
+        F4 c = loadUnaligned(&rows[first + 2]->v[i]);
+        F4 d = loadUnaligned(&rows[first + 3]->v[i]);
+        transpose(a, b, c, d);
+        storeUnaligned(&tile.v[i][first], a);
+        storeUnaligned(&tile.v[i + 1][first], b);
+        storeUnaligned(&tile.v[i + 2][first], c);
+        storeUnaligned(&tile.v[i + 3][first], d);
+    }
+}
+
+template <int Lanes>
+TESSEL8_INLINE void tileToRows(const Tile<Lanes>& tile, int first, int frames, LinkedRow* rows) {
+    for (int i = 0; i < frames; i += 4) {
+        F4 a = loadUnaligned(&tile.v[i][first]);
+        F4 b = loadUnaligned(&tile.v[i + 1][first]);
+        F4 c = loadUnaligned(&tile.v[i + 2][first]);
+        F4 d = loadUnaligned(&tile.v[i + 3][first]);
+        transpose(a, b, c, d);
+        storeUnaligned(&rows[first][i], a);
+        storeUnaligned(&rows[first + 1][i], b);
+        storeUnaligned(&rows[first + 2][i], c);
+        storeUnaligned(&rows[first + 3][i], d);
     }
 }
 

@@ -23,21 +23,22 @@ TESSEL8_INLINE float nextRandom(uint32_t& state) {
     return float(state >> 16 & 0x7fffu) * 2.0f / 32767.0f - 1.0f;
 }
 
-template <LfoWave Wave>
-TESSEL8_INLINE float lfoShape(const Engine& e, float phase) {
+TESSEL8_INLINE float lfoShape(const Engine& e, LfoWave wave, float phase) {
     constexpr float kHalfPi = kPiFloat / 2.0f;
-    if constexpr (Wave == LfoWave::Sine) {
-        return e.sineTable.data()[tableIndex((phase + kPiFloat) * kSineScale, kSineEntries)];
-    } else if constexpr (Wave == LfoWave::Square) {
-        return phase > 0.0f ? 1.0f : -1.0f;
-    } else if constexpr (Wave == LfoWave::Triangle) {
-        const float ramp = phase / kHalfPi;
-        if (phase < -kHalfPi) {
-            return -ramp - 2.0f;
+    switch (wave) {
+        case LfoWave::Sine:
+            return e.sineTable.data()[tableIndex((phase + kPiFloat) * kSineScale, kSineEntries)];
+        case LfoWave::Square:
+            return phase > 0.0f ? 1.0f : -1.0f;
+        case LfoWave::Triangle: {
+            const float ramp = phase / kHalfPi;
+            if (phase < -kHalfPi) {
+                return -ramp - 2.0f;
+            }
+            return phase > kHalfPi ? -ramp + 2.0f : ramp;
         }
-        return phase > kHalfPi ? -ramp + 2.0f : ramp;
-    } else {
-        return phase / kPiFloat;  // saw
+        default:
+            return phase / kPiFloat;  // saw
     }
 }
 
@@ -59,62 +60,45 @@ TESSEL8_INLINE void advancePhase(float& phase, float step) {
     phase = phase > kPiFloat ? phase - 2.0f * kPiFloat : phase;
 }
 
-/// The outputs and, behind them, the phases of one wave over a stretch.
-template <LfoWave Wave>
-void runWave(Engine& e, Lfo& lfo, int frames, ModulationRows& rows) {
-    for (int i = 0; i < frames; ++i) {
-        if constexpr (Wave == LfoWave::Random) {
-            holdRandom(lfo, lfo.step);
-            rows.lfoPositive[i] = clipped(lfo.holdPos);
-            rows.lfoNegative[i] = clipped(lfo.holdNeg);
-        } else if constexpr (Wave != LfoWave::Off) {
-            rows.lfoPositive[i] = clipped(lfoShape<Wave>(e, lfo.phasePos));
-            rows.lfoNegative[i] = clipped(lfoShape<Wave>(e, lfo.phaseNeg));
+/// The LFO as a chain.
+struct LfoChain {
+    Engine& e;
+    ModulationRows& rows;
+    Lfo lfo;
+
+    LfoChain(Engine& engine, ModulationRows& to) : e(engine), rows(to), lfo(engine.lfo) {}
+
+    TESSEL8_INLINE void step(int i) {
+        if (lfo.wave != LfoWave::Off) {
+            if (lfo.wave == LfoWave::Random) {
+                holdRandom(lfo, lfo.step);
+                lfo.outPos = clipped(lfo.holdPos);
+                lfo.outNeg = clipped(lfo.holdNeg);
+            } else {
+                lfo.outPos = clipped(lfoShape(e, lfo.wave, lfo.phasePos));
+                lfo.outNeg = clipped(lfoShape(e, lfo.wave, lfo.phaseNeg));
+            }
+            rows.lfoPositive[i] = lfo.outPos;
+            rows.lfoNegative[i] = lfo.outNeg;
         }
         advancePhase(lfo.phasePos, lfo.step);
         advancePhase(lfo.phaseNeg, lfo.step);
         advancePhase(lfo.phase, lfo.step);
     }
-    if constexpr (Wave != LfoWave::Off) {
-        lfo.outPos = rows.lfoPositive[frames - 1];
-        lfo.outNeg = rows.lfoNegative[frames - 1];
-    } else {
-        lfo.outPos = lfo.outNeg = 0.0f;
-    }
-}
 
-inline void runLfo(Engine& e, int frames, ModulationRows& rows) {
-    Lfo lfo = e.lfo;
-    switch (lfo.wave) {
-        case LfoWave::Sine:
-            runWave<LfoWave::Sine>(e, lfo, frames, rows);
-            break;
-        case LfoWave::Square:
-            runWave<LfoWave::Square>(e, lfo, frames, rows);
-            break;
-        case LfoWave::Triangle:
-            runWave<LfoWave::Triangle>(e, lfo, frames, rows);
-            break;
-        case LfoWave::Saw:
-            runWave<LfoWave::Saw>(e, lfo, frames, rows);
-            break;
-        case LfoWave::Random:
-            runWave<LfoWave::Random>(e, lfo, frames, rows);
-            break;
-        case LfoWave::Off:
-            runWave<LfoWave::Off>(e, lfo, frames, rows);
-            break;
+    /// Only the block's own fields go back: the others may have been set meanwhile.
+    TESSEL8_INLINE void finish() const {
+        const bool off = lfo.wave == LfoWave::Off;
+        e.lfo.phase = lfo.phase;
+        e.lfo.phasePos = lfo.phasePos;
+        e.lfo.phaseNeg = lfo.phaseNeg;
+        e.lfo.outPos = off ? 0.0f : lfo.outPos;
+        e.lfo.outNeg = off ? 0.0f : lfo.outNeg;
+        e.lfo.holdPos = lfo.holdPos;
+        e.lfo.holdNeg = lfo.holdNeg;
+        e.lfo.random = lfo.random;
     }
-    // Only the block's own fields go back: the others may have been set meanwhile.
-    e.lfo.phase = lfo.phase;
-    e.lfo.phasePos = lfo.phasePos;
-    e.lfo.phaseNeg = lfo.phaseNeg;
-    e.lfo.outPos = lfo.outPos;
-    e.lfo.outNeg = lfo.outNeg;
-    e.lfo.holdPos = lfo.holdPos;
-    e.lfo.holdNeg = lfo.holdNeg;
-    e.lfo.random = lfo.random;
-}
+};
 
 /// Adding and taking away a small number flushes what is far smaller.
 TESSEL8_INLINE float flushed(float x) {
@@ -142,20 +126,33 @@ TESSEL8_INLINE float followerPosition(const float* squares, float mean, float de
     return fast > mean ? 1.0f - norm * square(high - fast) : norm * square(fast - low);
 }
 
-/// `left` and `right` are the source's frames; `rows.follower` is filled where it is heard.
-inline void runFollower(Engine& e, const float* left, const float* right, int frames,
-                        ModulationRows& rows) {
-    const float slow = e.follower.slowCoef;
-    const float quick = e.follower.fastCoef;
-    float mean = e.follower.mean;
-    float dev = e.follower.dev;
-    float fast = e.follower.fast;
-    for (int i = 0; i < frames; ++i) {
+/// The envelope follower as a chain; `left` and `right` are its source's frames.
+struct FollowerChain {
+    Engine& e;
+    const float* left;
+    const float* right;
+    ModulationRows& rows;
+    float slow, quick, mean, dev, fast;
+    float out = 0.0f;
+
+    FollowerChain(Engine& engine, const float* sourceL, const float* sourceR, ModulationRows& to)
+        : e(engine),
+          left(sourceL),
+          right(sourceR),
+          rows(to),
+          slow(engine.follower.slowCoef),
+          quick(engine.follower.fastCoef),
+          mean(engine.follower.mean),
+          dev(engine.follower.dev),
+          fast(engine.follower.fast) {}
+
+    TESSEL8_INLINE void step(int i) {
         const float a = (__builtin_fabsf(left[i]) + __builtin_fabsf(right[i])) / 2.0f;
         mean = flushed(mean + (a - mean) * slow);
         const float distance = __builtin_fabsf(a - dev);
         const float d = distance < 1.0f ? distance : 1.0f;
         dev = flushed(dev + (d - dev) * slow);
+        // Rare enough to be left to branches, which do not lengthen the chain.
         if (__builtin_expect(mean + dev > 1.0f, 0)) {
             dev = 1.0f - mean;
         }
@@ -164,15 +161,18 @@ inline void runFollower(Engine& e, const float* left, const float* right, int fr
         }
         fast = flushed(fast + (a - fast) * quick);
         if (rows.followerHeard) {
-            const float position = followerPosition(e.squareTable.data(), mean, dev, fast);
-            rows.follower[i] = (position - 0.5f) * 2.0f;
+            out = (followerPosition(e.squareTable.data(), mean, dev, fast) - 0.5f) * 2.0f;
+            rows.follower[i] = out;
         }
     }
-    e.follower.mean = mean;
-    e.follower.dev = dev;
-    e.follower.fast = fast;
-    e.follower.out = rows.followerHeard ? rows.follower[frames - 1] : 0.0f;
-}
+
+    TESSEL8_INLINE void finish() const {
+        e.follower.mean = mean;
+        e.follower.dev = dev;
+        e.follower.fast = fast;
+        e.follower.out = out;
+    }
+};
 
 }  // namespace TESSEL8_ISA
 }  // namespace tessel8

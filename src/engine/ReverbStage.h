@@ -12,8 +12,8 @@ inline namespace TESSEL8_ISA {
 
 /// A circular line's frames from `position` on; where it can, a whole row at once, of which only
 /// `frames` count.
-inline void readLine(const AlignedBuffer& line, int32_t position, int32_t mask, int frames,
-                     Row& row) {
+inline void readCircle(const AlignedBuffer& line, int32_t position, int32_t mask, int frames,
+                       Row& row) {
     const float* const cells = line.data();
     if (position + kStretch <= mask + 1) {
         __builtin_memcpy(row.v, cells + position, sizeof row.v);
@@ -24,8 +24,8 @@ inline void readLine(const AlignedBuffer& line, int32_t position, int32_t mask, 
     }
 }
 
-inline void writeLine(AlignedBuffer& line, int32_t position, int32_t mask, int frames,
-                      const Row& row) {
+inline void writeCircle(AlignedBuffer& line, int32_t position, int32_t mask, int frames,
+                        const Row& row) {
     float* const cells = line.data();
     if (frames == kStretch && position + kStretch <= mask + 1) {
         __builtin_memcpy(cells + position, row.v, sizeof row.v);
@@ -40,13 +40,13 @@ inline void writeLine(AlignedBuffer& line, int32_t position, int32_t mask, int f
 inline void allpass(AlignedBuffer& line, int32_t read, int32_t write, int32_t mask, int frames,
                     float c, const Row& in, Row& out) {
     Row delayed;
-    readLine(line, read, mask, frames, delayed);
+    readCircle(line, read, mask, frames, delayed);
     Row back;
     for (int i = 0; i < frames; ++i) {
         out[i] = delayed[i] - in[i] * c;
         back[i] = in[i] + out[i] * c;
     }
-    writeLine(line, write, mask, frames, back);
+    writeCircle(line, write, mask, frames, back);
 }
 
 /// y = b0 x + b2 x2 - a1 y1 - a2 y2 on both channels, and the offset that keeps denormals away.
@@ -83,7 +83,7 @@ inline void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& righ
     Row e[6];
     for (size_t k = 0; k < 6; ++k) {
         Row delayed;
-        readLine(r.line[k], r.lineRead[k], mask, frames, delayed);
+        readCircle(r.line[k], r.lineRead[k], mask, frames, delayed);
         float damp = r.damp[k];
         for (int i = 0; i < frames; ++i) {
             damp = k % 2 == 0 ? damp + (delayed[i] - damp) * d : delayed[i];
@@ -101,12 +101,12 @@ inline void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& righ
         }
     }
     for (size_t k = 0; k < 6; ++k) {
-        writeLine(r.line[k], r.lineWrite, mask, frames, written[k]);
+        writeCircle(r.line[k], r.lineWrite, mask, frames, written[k]);
     }
     Row line1;
     Row line3;
-    readLine(r.line[1], r.lineRead[1], mask, frames, line1);
-    readLine(r.line[3], r.lineRead[1], mask, frames, line3);
+    readCircle(r.line[1], r.lineRead[1], mask, frames, line1);
+    readCircle(r.line[3], r.lineRead[1], mask, frames, line3);
     for (int i = 0; i < frames; ++i) {
         left[i] = written[1][i] + line3[i] + written[5][i];
         right[i] = line1[i] + written[3][i] + written[5][i];
@@ -130,18 +130,18 @@ inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right
         // The diffusers alternate in sign.
         const float sign = k % 2 == 0 ? 1.0f : -1.0f;
         Row delayed;
-        readLine(r.diffuser[k], r.diffRead[k], mask, frames, delayed);
+        readCircle(r.diffuser[k], r.diffRead[k], mask, frames, delayed);
         Row back;
         for (int i = 0; i < frames; ++i) {
             const float out = delayed[i] - sign * (p[i] * kSpread * g);
             back[i] = p[i] + sign * (out * kSpread * g);
             p[i] = out;
         }
-        writeLine(r.diffuser[k], r.apWrite, mask, frames, back);
+        writeCircle(r.diffuser[k], r.apWrite, mask, frames, back);
     }
     Row lines[6];
     for (size_t k = 0; k < 6; ++k) {
-        readLine(r.allpass[k], r.apRead[k], mask, frames, lines[k]);
+        readCircle(r.allpass[k], r.apRead[k], mask, frames, lines[k]);
     }
     float damp[6];
     for (size_t k = 0; k < 6; ++k) {
@@ -160,14 +160,14 @@ inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right
             lines[k][i] = k % 2 == 0 ? p[i] - (lines[k][i] + q) * kSpread * f
                                      : p[i] + (lines[k][i] - q) * kSpread * f;
         }
-        writeLine(r.allpass[k], r.apWrite, mask, frames, lines[k]);
+        writeCircle(r.allpass[k], r.apWrite, mask, frames, lines[k]);
     }
     // The diffusers' distances serve as output taps of the lines, too.
     Row a0, a1, a2, a3;
-    readLine(r.allpass[0], r.diffRead[0], mask, frames, a0);
-    readLine(r.allpass[1], r.diffRead[1], mask, frames, a1);
-    readLine(r.allpass[2], r.diffRead[3], mask, frames, a2);
-    readLine(r.allpass[3], r.diffRead[2], mask, frames, a3);
+    readCircle(r.allpass[0], r.diffRead[0], mask, frames, a0);
+    readCircle(r.allpass[1], r.diffRead[1], mask, frames, a1);
+    readCircle(r.allpass[2], r.diffRead[3], mask, frames, a2);
+    readCircle(r.allpass[3], r.diffRead[2], mask, frames, a3);
     for (int i = 0; i < frames; ++i) {
         left[i] = a0[i] + a3[i] + lines[4][i];
         right[i] = a1[i] + a2[i] + lines[5][i];

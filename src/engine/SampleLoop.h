@@ -2,15 +2,13 @@
 
 // The order of a sample, once for all three loops and for every instruction set.
 
-#include <cmath>
-
 #include "engine/BlockPlan.h"
 #include "engine/Engine.h"
 #include "engine/Feedback.h"
+#include "engine/FeedbackFilter.h"
 #include "engine/Lines.h"
 #include "engine/ModulationStage.h"
 #include "engine/ReverbStage.h"
-#include "engine/Saturator.h"
 #include "engine/Stretch.h"
 #include "engine/TapFilter.h"
 #include "engine/TapStage.h"
@@ -18,228 +16,293 @@
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
+/// Largest absolute values of a block, one row of candidates a meter.
 struct Peaks {
-    float inL = 0.0f, inR = 0.0f, outL = 0.0f, outR = 0.0f;
+    Row level[4] = {};
 
-    TESSEL8_INLINE static void raise(float& peak, float value) {
-        const float level = std::fabs(value);
-        peak = level > peak ? level : peak;
+    TESSEL8_INLINE void raise(int meter, const Row& row, int frames) {
+        int i = 0;
+        for (; i + kPack <= frames; i += kPack) {
+            level[meter].set(0, max(abs(row.at(i)), level[meter].at(0)));
+        }
+        for (; i < frames; ++i) {
+            raise(meter, row[i]);
+        }
+    }
+    TESSEL8_INLINE void raise(int meter, float value) {
+        const float absolute = __builtin_fabsf(value);
+        float& top = level[meter][0];
+        top = absolute > top ? absolute : top;
+    }
+    float of(int meter) const {
+        float top = 0.0f;
+        for (int i = 0; i < kPack; ++i) {
+            top = level[meter][i] > top ? level[meter][i] : top;
+        }
+        return top;
     }
 };
 
 /// Input behind the smoothed input gain, and the mix gains for the stretch's end.
 template <int Lanes>
-void takeInput(Engine& e, Workspace<Lanes>& w, const float* left, const float* right,
+void takeInput(Engine& e, Workspace<Lanes>& w, const float* const (&from)[kChannels],
                Peaks& peaks) {
     const int frames = w.frames;
-    for (int i = 0; i < frames; ++i) {
-        Peaks::raise(peaks.inL, left[i]);
-        Peaks::raise(peaks.inR, right[i]);
+    for (int c = 0; c < kChannels; ++c) {
+        if (frames == kStretch) {
+            __builtin_memcpy(w.in[c].v, from[c], sizeof(Row));
+        } else {
+            __builtin_memcpy(w.in[c].v, from[c], size_t(frames) * sizeof(float));
+        }
+        peaks.raise(c, w.in[c], frames);
     }
-    Glide<4> mix(e.mixSmooth.v, e.mixTarget.v, e.smooth30.take, e.smooth30.keep);
+    Glide<4> mix(e.mixSmooth.v, e.mixTarget.v, e.smooth30);
     alignas(16) float gains[4];
     mix.value.store(gains);
-    for (int i = 0; i < frames; ++i) {
-        if (!mix.settled) {
+    if (mix.settled) {
+        inPacks(frames, [&](int i) {
+            w.wet.set(i, RowPack::all(gains[1]));
+            w.dry.set(i, RowPack::all(gains[2]));
+            for (Row& in : w.in) {
+                in.set(i, in.at(i) * RowPack::all(gains[0]));
+            }
+        });
+    } else {
+        for (int i = 0; i < frames; ++i) {
             mix.step().store(gains);
+            w.wet[i] = gains[1];
+            w.dry[i] = gains[2];
+            for (Row& in : w.in) {
+                in[i] *= gains[0];
+            }
         }
-        w.inL[i] = left[i] * gains[0];
-        w.inR[i] = right[i] * gains[0];
-        w.wet[i] = gains[1];
-        w.dry[i] = gains[2];
+        mix.value.store(e.mixSmooth.v);
     }
-    mix.value.store(e.mixSmooth.v);
-    e.inL = w.inL[frames - 1];
-    e.inR = w.inR[frames - 1];
+    e.inL = w.in[0][frames - 1];
+    e.inR = w.in[1][frames - 1];
 }
 
-/// A tap without delay hears its line as this very stretch leaves it.
+/// Where the follower listens: to the input of the same frame, or to a tap or the output one
+/// frame late.
 template <int Lanes>
-void readWritten(const Engine& e, const BlockPlan& plan, const FadeTile<Lanes>& fade,
-                 Workspace<Lanes>& w) {
-    for (int t = 0; t < Lanes; ++t) {
-        if (!plan.readsAtZero(t)) {
-            continue;
-        }
-        const float* const left = lineOf(e, Channel::Left, t) + e.writePos;
-        const float* const right = lineOf(e, Channel::Right, t) + e.writePos;
-        for (int i = 0; i < w.frames; ++i) {
-            const float level = fade.full ? 1.0f : fade.level.v[i][t];
-            w.signalL.v[i][t] = left[i] * level;
-            w.signalR.v[i][t] = right[i] * level;
-        }
-    }
-}
+struct FollowerSource {
+    Row late[kChannels];
+    const float* left;
+    const float* right;
 
-/// The follower on a tap hears it one frame late. A tap that the loop does not compute stands
-/// still.
-template <int Lanes>
-void followTap(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w, ModulationRows& mod) {
-    const int tap = plan.followerSource - 1;
-    Row left;
-    Row right;
-    left[0] = e.tapReadL[size_t(tap)];
-    right[0] = e.tapReadR[size_t(tap)];
-    for (int i = 1; i < w.frames; ++i) {
-        left[i] = tap < Lanes ? w.signalL.v[i - 1][tap % Lanes] : left[0];
-        right[i] = tap < Lanes ? w.signalR.v[i - 1][tap % Lanes] : right[0];
-    }
-    runFollower(e, left.v, right.v, w.frames, mod);
-}
-
-/// LFO and follower for the stretch. The follower hears the input of the same frame, or a tap or
-/// the output one frame late; where it moves no filter and its source is not there yet, it waits.
-template <int Lanes>
-void modulate(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w, ModulationRows& mod) {
-    mod.off = !plan.modulation;
-    mod.followerHeard = plan.followerHeard;
-    if (plan.modulation && !plan.followerHeard) {
-        for (int i = 0; i < w.frames; ++i) {
-            mod.follower[i] = 0.0f;
-        }
-    }
-    if (plan.followerSource == Follower::kMasterIn) {
-        runFollower(e, w.inL.v, w.inR.v, w.frames, mod);
-    } else if (plan.followerHeard || !plan.followerWaits()) {
-        if (plan.followerSource == Follower::kMasterOut) {
-            runFollower(e, &e.outL, &e.outR, 1, mod);  // in single frames
+    FollowerSource(const Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w)
+        : left(late[0].v), right(late[1].v) {
+        const int32_t source = plan.followerSource;
+        if (source == Follower::kMasterIn) {
+            left = w.in[0].v;
+            right = w.in[1].v;
+        } else if (source == Follower::kMasterOut) {
+            // In single frames; else `hearOutput` comes once the output is there.
+            late[0][0] = e.outL;
+            late[1][0] = e.outR;
         } else {
-            followTap(e, plan, w, mod);
+            const int tap = source - 1;
+            const float before[] = {e.tapReadL[size_t(tap)], e.tapReadR[size_t(tap)]};
+            for (int c = 0; c < kChannels; ++c) {
+                late[c][0] = before[c];
+                for (int i = 1; i < w.frames; ++i) {
+                    // A tap that the loop does not compute stands still.
+                    late[c][i] = tap < Lanes ? (*w.tap[c][tap])[i - 1] : before[c];
+                }
+            }
         }
     }
-    runLfo(e, w.frames, mod);
-}
 
-template <int Lanes, bool GateAtInput>
-void writeLines(Engine& e, const BlockPlan& plan, const ModulationRows& mod, Workspace<Lanes>& w) {
-    if (plan.masterFb) {
-        runMasterFeedback<Lanes, GateAtInput>(e, plan, mod, w);
+    void hearOutput(const Row (&out)[kChannels], int frames) {
+        for (int c = 0; c < kChannels; ++c) {
+            for (int i = 1; i < frames; ++i) {
+                late[c][i] = out[c][i - 1];
+            }
+        }
     }
-    writeChannel<Lanes, GateAtInput>(e, plan, w, Channel::Left);
-    writeChannel<Lanes, GateAtInput>(e, plan, w, Channel::Right);
-}
+};
 
+/// The parts of a stretch between reading and mixing.
 template <int Lanes, bool GateAtInput>
-void runTaps(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w) {
-    w.signalL.at(w.frames - 1).store(e.tapReadL.v);
-    w.signalR.at(w.frames - 1).store(e.tapReadR.v);
-    amplify(e, w);
-    saturateTaps(e, e.tapSaturatorPre, w);
-    filterTaps(e, mod, w);
-    saturateTaps(e, e.tapSaturatorPost, w);
-    collect<Lanes, GateAtInput>(e, w);
-}
+struct StretchRun {
+    Engine& e;
+    const BlockPlan& plan;
+    const Fades& fades;
+    Workspace<Lanes>& w;
+    ModulationRows& mod;
 
-/// A follower of the output that moves no filter keeps its measure behind the mix.
-inline void followOutput(Engine& e, const Row& outL, const Row& outR, int frames,
-                         ModulationRows& mod) {
-    Row left;
-    Row right;
-    left[0] = e.outL;
-    right[0] = e.outR;
-    for (int i = 1; i < frames; ++i) {
-        left[i] = outL[i - 1];
-        right[i] = outR[i - 1];
+    /// Whether the taps need to be lanes: a filter works or a gain moves.
+    static bool needsLanes(const Engine& e, const TapGains<Lanes>& gains) {
+        using P = Pack<Lanes>;
+        return !gains.settled() || anyLane(P::load(e.tapFilterOn.v) != P::all(0.0f));
     }
-    runFollower(e, left.v, right.v, frames, mod);
-}
+
+    void run() {
+        modulate();
+        if (plan.zeroDelay) {
+            // Such a tap hears what is written now.
+            feedBack();
+            writeLines<Lanes, GateAtInput>(e, plan, w);
+            readWritten(e, plan, fades, w);
+            if (plan.followsZeroDelay() && !plan.followerHeard) {
+                const FollowerSource<Lanes> source(e, plan, w);
+                runTogether(w.frames, FollowerChain(e, source.left, source.right, mod));
+            }
+            runTaps(NoChain{});
+        } else if (plan.masterFb && plan.busAfterTaps) {
+            // The bus hears the taps of this stretch.
+            runTaps(NoChain{});
+            feedBack();
+            writeLines<Lanes, GateAtInput>(e, plan, w);
+        } else {
+            runTapsAndFeedback();
+            writeLines<Lanes, GateAtInput>(e, plan, w);
+        }
+    }
+
+    /// LFO and follower; a follower whose source is not there yet waits, where it moves no filter.
+    void modulate() {
+        mod.off = !plan.modulation;
+        mod.followerHeard = plan.followerHeard;
+        if (plan.modulation && !plan.followerHeard) {
+            inPacks(w.frames, [&](int i) { mod.follower.set(i, RowPack::all(0.0f)); });
+        }
+        if (plan.followerWaits() && !plan.followerHeard) {
+            runTogether(w.frames, LfoChain(e, mod));
+        } else {
+            const FollowerSource<Lanes> source(e, plan, w);
+            runTogether(w.frames, FollowerChain(e, source.left, source.right, mod),
+                        LfoChain(e, mod));
+        }
+    }
+
+    /// The master feedback alone.
+    void feedBack() {
+        if (!plan.masterFb) {
+            return;
+        }
+        prepareFeedback(e, plan, w);
+        withFeedbackFilter(e, mod, w.frames, w.fb,
+                           [&](const auto& filter) { runTogether(w.frames, filter); });
+        finishFeedback(e, w);
+    }
+
+    /// The taps, their filters beside the chain given.
+    template <typename Chain>
+    void runTaps(const Chain& beside) {
+        TapGains<Lanes> gains(e);
+        const bool lanes = needsLanes(e, gains);
+        keepReads(e, w);
+        if (lanes) {
+            prepareTapLanes(e, gains, w);
+        } else {
+            runTapRows<Lanes, GateAtInput>(e, plan, w);
+        }
+        withTapFilters(e, mod, w,
+                       [&](const auto& filters) { runTogether(w.frames, beside, filters); });
+        if (lanes) {
+            finishTapLanes<Lanes, GateAtInput>(e, plan, w);
+        }
+    }
+
+    /// Taps and master feedback, where neither hears the other within the stretch.
+    void runTapsAndFeedback() {
+        if (!plan.masterFb) {
+            runTaps(NoChain{});
+            return;
+        }
+        prepareFeedback(e, plan, w);
+        withFeedbackFilter(e, mod, w.frames, w.fb, [&](const auto& filter) { runTaps(filter); });
+        finishFeedback(e, w);
+    }
+};
 
 /// Reverb, mix and output. `dcFlip` changes sign on every sample.
 template <int Lanes>
 void mixOutput(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w, ModulationRows& mod,
-               float& dcFlip, float* left, float* right, Peaks& peaks) {
-    Peaks::raise(peaks.outL, e.outL);
-    Peaks::raise(peaks.outR, e.outR);
+               float& dcFlip, float* const (&to)[kChannels], Peaks& peaks) {
     const int frames = w.frames;
-    Row flip;
-    for (int i = 0; i < frames; ++i) {
-        dcFlip = -dcFlip;
-        flip[i] = dcFlip;
-    }
     const bool reverb = e.reverb.on != 0;
     const bool across = reverb && e.reverb.acrossOutput != 0;
-    if (reverb && !across) {
-        runReverb(e.reverb, frames, flip, w.sendL, w.sendR);
-        for (int i = 0; i < frames; ++i) {
-            w.sumL[i] += w.sendL[i];
-            w.sumR[i] += w.sendR[i];
+    Row flip;
+    if (reverb) {
+        for (int i = 0; i < kStretch; i += 2) {
+            flip[i] = -dcFlip;
+            flip[i + 1] = dcFlip;
         }
     }
-    Row mixL;
-    Row mixR;
-    for (int i = 0; i < frames; ++i) {
-        mixL[i] = w.inL[i] * w.dry[i] + w.sumL[i] * w.wet[i];
-        mixR[i] = w.inR[i] * w.dry[i] + w.sumR[i] * w.wet[i];
+    dcFlip = frames % 2 ? -dcFlip : dcFlip;
+    if (reverb && !across) {
+        if (!w.sending) {
+            w.send[0] = w.send[1] = kSilentRow;
+        }
+        runReverb(e.reverb, frames, flip, w.send[0], w.send[1]);
+        for (int c = 0; c < kChannels; ++c) {
+            inPacks(frames, [&](int i) { w.sum[c].set(i, w.sum[c].at(i) + w.send[c].at(i)); });
+        }
+    }
+    Row out[kChannels];
+    for (int c = 0; c < kChannels; ++c) {
+        inPacks(frames, [&](int i) {
+            out[c].set(i, w.in[c].at(i) * w.dry.at(i) + w.sum[c].at(i) * w.wet.at(i));
+        });
     }
     if (across) {
-        runReverb(e.reverb, frames, flip, mixL, mixR);
-    }
-    for (int i = 0; i < frames; ++i) {
-        left[i] = mixL[i];
-        right[i] = mixR[i];
-    }
-    // The meters see each output one frame late; the last one waits for the next stretch.
-    for (int i = 0; i + 1 < frames; ++i) {
-        Peaks::raise(peaks.outL, mixL[i]);
-        Peaks::raise(peaks.outR, mixR[i]);
+        runReverb(e.reverb, frames, flip, out[0], out[1]);
     }
     if (plan.followerSource == Follower::kMasterOut && !plan.followerHeard) {
-        followOutput(e, mixL, mixR, frames, mod);
+        // A follower of the output that moves no filter keeps its measure behind the mix.
+        FollowerSource<Lanes> source(e, plan, w);
+        source.hearOutput(out, frames);
+        runTogether(frames, FollowerChain(e, source.left, source.right, mod));
     }
-    e.outL = mixL[frames - 1];
-    e.outR = mixR[frames - 1];
+    // The meters see each output one frame late; the last one waits for the next stretch.
+    peaks.raise(2, e.outL);
+    peaks.raise(3, e.outR);
+    for (int c = 0; c < kChannels; ++c) {
+        writeLine(to[c], out[c], frames);
+        peaks.raise(2 + c, out[c], frames - 1);
+    }
+    e.outL = out[0][frames - 1];
+    e.outR = out[1][frames - 1];
 }
 
 template <int Lanes, bool GateAtInput>
 void finishStretch(Engine& e, const Workspace<Lanes>& w) {
     countFrames(e, w.frames);
     keepPreFeedback<GateAtInput>(e, w.frames, e.inL, e.inR);
-    w.postFbL.at(w.frames - 1).store(e.postFbL.v);
-    w.postFbR.at(w.frames - 1).store(e.postFbR.v);
-    const auto advance = [&](int32_t& position) {
-        position += w.frames;
-        position -= position >= e.ringLen ? e.ringLen : 0;
-    };
-    for (int32_t& position : e.readPos) {
-        advance(position);
+    for (int t = 0; t < Lanes; ++t) {
+        e.postFbL[size_t(t)] = w.lastPost[0][t];
+        e.postFbR[size_t(t)] = w.lastPost[1][t];
     }
-    advance(e.writePos);
+    for (int32_t& position : e.readPos) {
+        position = e.ringIndex(position + w.frames);
+    }
+    e.writePos = e.ringIndex(e.writePos + w.frames);
 }
 
 template <int Lanes, bool GateAtInput>
 void sampleLoop(Engine& e, const float* const* inputs, float* const* outputs, int32_t frames) {
     const BlockPlan plan = BlockPlan::of<Lanes, GateAtInput>(e);
     Workspace<Lanes> w;
-    FadeTile<Lanes> fade;
+    Fades fades;
     ModulationRows mod;
     Peaks peaks;
     float dcFlip = 1.0e-18f;
     for (int32_t done = 0; done < frames; done += w.frames) {
         w.frames = plan.stretch(e, frames - done);
-        takeInput(e, w, inputs[0] + done, inputs[1] + done, peaks);
-        gatherReads<Lanes, GateAtInput>(e, plan, Channel::Left, w.inL, w.frames, w.rawL);
-        gatherReads<Lanes, GateAtInput>(e, plan, Channel::Right, w.inR, w.frames, w.rawR);
+        takeInput(e, w, {inputs[0] + done, inputs[1] + done}, peaks);
+        gatherReads<Lanes, GateAtInput>(e, plan, w);
         if (!GateAtInput) {
-            fade.advance(e, w.frames);
+            fades.advance<Lanes>(e, w.frames);
+            fades.applyAll(w);
         }
-        fadeReads(fade, w);
-        modulate(e, plan, w, mod);
-        if (plan.tapsFirst && !plan.singleFrames) {
-            runTaps<Lanes, GateAtInput>(e, mod, w);
-            writeLines<Lanes, GateAtInput>(e, plan, mod, w);
-        } else {
-            writeLines<Lanes, GateAtInput>(e, plan, mod, w);
-            readWritten(e, plan, fade, w);
-            if (!plan.followerHeard && plan.followsZeroDelay()) {
-                followTap(e, plan, w, mod);
-            }
-            runTaps<Lanes, GateAtInput>(e, mod, w);
-        }
-        mixOutput(e, plan, w, mod, dcFlip, outputs[0] + done, outputs[1] + done, peaks);
+        StretchRun<Lanes, GateAtInput>{e, plan, fades, w, mod}.run();
+        mixOutput(e, plan, w, mod, dcFlip, {outputs[0] + done, outputs[1] + done}, peaks);
         finishStretch<Lanes, GateAtInput>(e, w);
     }
     e.unsettledReads = ((1u << Lanes) - 1u) & ~plan.read;
-    e.raiseMeters(peaks.inL, peaks.inR, peaks.outL, peaks.outR);
+    e.raiseMeters(peaks.of(0), peaks.of(1), peaks.of(2), peaks.of(3));
 }
 
 }  // namespace TESSEL8_ISA

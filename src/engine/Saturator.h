@@ -14,10 +14,6 @@ TESSEL8_INLINE Pack<Lanes> saturated(const Pack<Lanes>& x, const Pack<Lanes>& ce
     return x * ceiling / (ceiling + abs(x));
 }
 
-TESSEL8_INLINE float saturatedScalar(float x, float ceiling) {
-    return x * ceiling / (ceiling + __builtin_fabsf(x));
-}
-
 /// Saturates the taps whose lane of `on` is 1; costs nothing where none is.
 template <int Lanes>
 void saturateTaps(const Engine& e, const TapBlock& on, Workspace<Lanes>& w) {
@@ -27,11 +23,11 @@ void saturateTaps(const Engine& e, const TapBlock& on, Workspace<Lanes>& w) {
         return;
     }
     const P ceiling = P::load(e.tapCeiling.v);
-    for (int i = 0; i < w.frames; ++i) {
-        const P left = w.signalL.at(i);
-        const P right = w.signalR.at(i);
-        w.signalL.set(i, select(wet, saturated(left, ceiling), left));
-        w.signalR.set(i, select(wet, saturated(right, ceiling), right));
+    for (Tile<Lanes>& signal : w.signal) {
+        for (int i = 0; i < w.frames; ++i) {
+            const P x = signal.at(i);
+            signal.set(i, select(wet, saturated(x, ceiling), x));
+        }
     }
 }
 

@@ -219,6 +219,15 @@ TESSEL8_INLINE int32_t tableIndex(float scaled, int32_t entries) {
     return int32_t(clampScalar(scaled, 0.0f, float(entries - 1)));
 }
 
+TESSEL8_INLINE F4 entriesAt(const float* table, I4 index) {
+    return F4{table[index[0]], table[index[1]], table[index[2]], table[index[3]]};
+}
+TESSEL8_INLINE F8 entriesAt(const float* table, I8 index) {
+    const F4 low = entriesAt(table, I4{index[0], index[1], index[2], index[3]});
+    const F4 high = entriesAt(table, I4{index[4], index[5], index[6], index[7]});
+    return F8{low[0], low[1], low[2], low[3], high[0], high[1], high[2], high[3]};
+}
+
 /// Lane by lane the table's entry at the truncated value * scale, kept inside the table.
 template <int L>
 TESSEL8_INLINE Pack<L> lookUp(const float* table, const Pack<L>& value, float scale,
@@ -227,10 +236,8 @@ TESSEL8_INLINE Pack<L> lookUp(const float* table, const Pack<L>& value, float sc
         clamp(value * Pack<L>::all(scale), Pack<L>::all(0.0f), Pack<L>::all(float(entries - 1)));
     Pack<L> r;
     for (int i = 0; i < Pack<L>::kCount; ++i) {
-        const auto index = __builtin_convertvector(inside.part[i], typename Pack<L>::Int);
-        for (int k = 0; k < Pack<L>::kWidth; ++k) {
-            r.part[i][k] = table[index[k]];
-        }
+        r.part[i] =
+            entriesAt(table, __builtin_convertvector(inside.part[i], typename Pack<L>::Int));
     }
     return r;
 }

@@ -15,58 +15,59 @@ inline namespace TESSEL8_ISA {
 constexpr float kLowestFrequency = 20.0f;
 constexpr float kHighestFrequency = 20000.0f;
 
-/// The frequencies in use, Hz, for every frame of a stretch.
+/// Modulated and smoothed frequencies of the taps' filters, Hz. They move on whether a filter is
+/// on or not, so that a filter that is switched on stands where its knob and the LFO say.
 template <int Lanes>
 struct FrequencySweep {
     Tile<Lanes> hz;
-    bool still = false;  ///< all frames equal the first
-};
+    bool still;  ///< all frames equal the first
 
-/// Modulated and smoothed frequencies. They move on whether a filter is on or not, so that a
-/// filter that is switched on stands where its knob and the LFO say.
-template <int Lanes>
-void sweepFrequencies(Engine& e, const ModulationRows& mod, int frames,
-                      FrequencySweep<Lanes>& sweep) {
-    using P = Pack<Lanes>;
-    const P base = P::load(e.tapFreqBase.v);
-    const P low = P::all(kLowestFrequency);
-    const P high = P::all(kHighestFrequency);
-    const P take = P::all(e.smooth250.take);
-    const P keep = P::all(e.smooth250.keep);
-    P hz = P::load(e.tapFreqSmooth.v);
-    const auto follow = [&](const P& target) {
-        return clamp(take * target + keep * hz, low, high);
-    };
-    if (mod.off) {
-        sweep.still = !anyLane(follow(base) != hz);
-        if (sweep.still) {
-            sweep.hz.set(0, hz);
+    FrequencySweep(Engine& e, const ModulationRows& mod, int frames) {
+        using P = Pack<Lanes>;
+        const P base = P::load(e.tapFreqBase.v);
+        const P take = P::all(e.smooth250.take);
+        const P keep = P::all(e.smooth250.keep);
+        const P low = P::all(kLowestFrequency);
+        const P high = P::all(kHighestFrequency);
+        P now = P::load(e.tapFreqSmooth.v);
+        const auto follow = [&](const P& target) {
+            return clamp(take * target + keep * now, low, high);
+        };
+        still = mod.off && !anyLane(follow(base) != now);
+        if (still) {
+            hz.set(0, now);
             return;
         }
-        for (int i = 0; i < frames; ++i) {
-            hz = follow(base);
-            sweep.hz.set(i, hz);
+        if (!mod.off) {
+            findTargets(e, mod, base, frames);
         }
-    } else {
-        sweep.still = false;
+        for (int i = 0; i < frames; ++i) {
+            now = follow(mod.off ? base : hz.at(i));
+            hz.set(i, now);
+        }
+        now.store(e.tapFreqSmooth.v);
+    }
+
+    void findTargets(const Engine& e, const ModulationRows& mod, const Pack<Lanes>& base,
+                     int frames) {
+        using P = Pack<Lanes>;
         const P efAmount = P::load(e.tapEfAmount.v);
         const P lfoAmount = P::load(e.tapLfoAmount.v);
+        const P one = P::all(1.0f);
         alignas(32) float negative[kTaps];
         for (int t = 0; t < kTaps; ++t) {
             negative[t] = float(e.tapLfoNegative[t]);
         }
         const Mask<Lanes> usesNegative = P::load(negative) != P::all(0.0f);
-        const P one = P::all(1.0f);
+        const float* const octaves = e.octaveTable.data();
         for (int i = 0; i < frames; ++i) {
             const P lfo =
                 select(usesNegative, P::all(mod.lfoNegative[i]), P::all(mod.lfoPositive[i]));
             const P sum = P::all(mod.follower[i]) * efAmount + lfoAmount * lfo + one;
-            hz = follow(base * lookUp(e.octaveTable.data(), sum, kOctaveScale, kOctaveEntries));
-            sweep.hz.set(i, hz);
+            hz.set(i, base * lookUp(octaves, sum, kOctaveScale, kOctaveEntries));
         }
     }
-    hz.store(e.tapFreqSmooth.v);
-}
+};
 
 /// What a lane's kind makes of the common terms. Low- and high-pass families are one form: the
 /// high ones run on 1/W and turn the sign of the odd coefficients.
@@ -75,7 +76,6 @@ struct KindMasks {
     Mask<Lanes> high, bell, shelf, cut, band;
     Pack<Lanes> sign;  ///< of a1 and b1
     bool anyHigh = false;
-    bool anyShaped = false;  ///< peak or shelf
 
     TESSEL8_INLINE explicit KindMasks(const TapFilterKind* kinds) {
         alignas(32) float flags[5][Lanes];
@@ -96,7 +96,6 @@ struct KindMasks {
             flags[4][t] = k == TapFilterKind::BandPass;
             signs[t] = isHigh ? -1.0f : 1.0f;
             anyHigh |= isHigh;
-            anyShaped |= isBell || isShelf;
         }
         const auto mask = [](const float* lanes) {
             return Pack<Lanes>::load(lanes) != Pack<Lanes>::all(0.0f);
@@ -196,64 +195,119 @@ struct BiquadRun {
     }
 };
 
-template <int Lanes, bool Shaped>
-void runTapFilters(Engine& e, const KindMasks<Lanes>& kind, const Mask<Lanes>& on,
-                   const FrequencySweep<Lanes>& sweep, Workspace<Lanes>& w) {
-    using P = Pack<Lanes>;
-    const P q = P::load(e.tapQ.v);
-    Glide<Lanes> gain(e.tapFltGainSmooth.v, e.tapFltGainTarget.v, e.smooth30.take, e.smooth30.keep);
-    Glide<Lanes> root(e.tapFltRootSmooth.v, e.tapFltRootTarget.v, e.smooth30.take, e.smooth30.keep);
-    const float* const tangents = e.tanTable.data();
-    const auto at = [&](const P& hz, const P& g, const P& r) {
-        const P tangent = lookUp(tangents, hz, kFrequencyScale, kFrequencyEntries);
-        return coefficients<Lanes, Shaped>(kind, tangent, q, g, r);
-    };
-    BiquadRun<Lanes> left(e.tapBqL);
-    BiquadRun<Lanes> right(e.tapBqR);
-    const auto pass = [&](int i, const Coefficients<Lanes>& c) {
-        const P l = w.signalL.at(i);
-        const P r = w.signalR.at(i);
-        w.signalL.set(i, select(on, left.step(c, l), l));
-        w.signalR.set(i, select(on, right.step(c, r), r));
-    };
-    if (sweep.still && gain.settled && root.settled) {
-        const Coefficients<Lanes> c = at(sweep.hz.at(0), gain.value, root.value);
-        for (int i = 0; i < w.frames; ++i) {
-            pass(i, c);
-        }
-    } else {
-        for (int i = 0; i < w.frames; ++i) {
-            const P g = gain.step();
-            pass(i, at(sweep.hz.at(sweep.still ? 0 : i), g, root.step()));
-        }
+/// The coefficients of a stretch: one set where nothing moves, else one a frame.
+template <int Lanes>
+struct CoefficientTiles {
+    Tile<Lanes> b0, b1, b2, a1, a2;
+
+    TESSEL8_INLINE void set(int i, const Coefficients<Lanes>& c) {
+        b0.set(i, c.b0);
+        b1.set(i, c.b1);
+        b2.set(i, c.b2);
+        a1.set(i, c.a1);
+        a2.set(i, c.a2);
     }
-    left.keep();
-    right.keep();
+    TESSEL8_INLINE Coefficients<Lanes> at(int i) const {
+        return {b0.at(i), b1.at(i), b2.at(i), a1.at(i), a2.at(i)};
+    }
+};
+
+/// Fills the tiles; the answer is whether the coefficients move.
+template <int Lanes, bool Shaped>
+bool findCoefficients(Engine& e, const FrequencySweep<Lanes>& sweep, const TapFilterKind* kinds,
+                      int frames, CoefficientTiles<Lanes>& tiles) {
+    using P = Pack<Lanes>;
+    const KindMasks<Lanes> kind(kinds);
+    const P q = P::load(e.tapQ.v);
+    const float* const tangents = e.tanTable.data();
+    Glide<Lanes> gain(e.tapFltGainSmooth.v, e.tapFltGainTarget.v, e.smooth30);
+    Glide<Lanes> root(e.tapFltRootSmooth.v, e.tapFltRootTarget.v, e.smooth30);
+    const auto find = [&](int i) {
+        const P tangent = lookUp(tangents, sweep.hz.at(i), kFrequencyScale, kFrequencyEntries);
+        return coefficients<Lanes, Shaped>(kind, tangent, q, gain.value, root.value);
+    };
+    const bool gliding = !gain.settled || !root.settled;
+    if (sweep.still && !gliding) {
+        tiles.set(0, find(0));
+        return false;
+    }
+    for (int i = 0; i < frames; ++i) {
+        if (gliding) {
+            gain.step();
+            root.step();
+        }
+        tiles.set(i, find(sweep.still ? 0 : i));
+    }
+    gain.value.store(e.tapFltGainSmooth.v);
+    root.value.store(e.tapFltRootSmooth.v);
+    return true;
 }
 
-/// Filters the taps that have theirs on. A filter that is off needs no memory: switching it on
-/// clears it.
+/// The taps' filters as a chain. A tap whose filter is off passes.
 template <int Lanes>
-void filterTaps(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w) {
+struct TapFilterChain {
     using P = Pack<Lanes>;
-    FrequencySweep<Lanes> sweep;
-    sweepFrequencies(e, mod, w.frames, sweep);
-    const Mask<Lanes> on = P::load(e.tapFilterOn.v) != P::all(0.0f);
-    if (anyLane(on)) {
-        TapFilterKind kinds[Lanes];
-        for (int t = 0; t < Lanes; ++t) {
-            // A lane whose filter is off goes with the cheapest form.
-            kinds[t] = e.tapFilterOn[size_t(t)] != 0.0f ? e.tapFltKind[t] : TapFilterKind::LowPass;
+    Engine& e;
+    Workspace<Lanes>& w;
+    const CoefficientTiles<Lanes>& tiles;
+    bool moving;
+    Mask<Lanes> on;
+    BiquadRun<Lanes> left, right;
+    Coefficients<Lanes> c;
+
+    TESSEL8_INLINE TapFilterChain(Engine& engine, Workspace<Lanes>& workspace,
+                                  const CoefficientTiles<Lanes>& coefficients, bool move)
+        : e(engine),
+          w(workspace),
+          tiles(coefficients),
+          moving(move),
+          on(P::load(e.tapFilterOn.v) != P::all(0.0f)),
+          left(e.tapBqL),
+          right(e.tapBqR),
+          c(tiles.at(0)) {}
+
+    TESSEL8_INLINE void step(int i) {
+        if (moving) {
+            c = tiles.at(i);
         }
-        const KindMasks<Lanes> kind(kinds);
-        if (kind.anyShaped) {
-            runTapFilters<Lanes, true>(e, kind, on, sweep, w);
-        } else {
-            runTapFilters<Lanes, false>(e, kind, on, sweep, w);
-        }
+        const P l = w.signal[0].at(i);
+        const P r = w.signal[1].at(i);
+        w.signal[0].set(i, select(on, left.step(c, l), l));
+        w.signal[1].set(i, select(on, right.step(c, r), r));
     }
-    glideOnly<Lanes>(e.tapFltGainSmooth.v, e.tapFltGainTarget.v, e.smooth30, w.frames);
-    glideOnly<Lanes>(e.tapFltRootSmooth.v, e.tapFltRootTarget.v, e.smooth30, w.frames);
+
+    TESSEL8_INLINE void finish() const {
+        left.keep();
+        right.keep();
+    }
+};
+
+/// Moves the filters' frequencies and gains on and hands the chain that the taps' filters need to
+/// `run`: the filters, or nothing where all are off.
+template <int Lanes, typename Run>
+TESSEL8_INLINE void withTapFilters(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w,
+                                   Run run) {
+    const FrequencySweep<Lanes> sweep(e, mod, w.frames);
+    TapFilterKind kinds[Lanes];
+    bool any = false;
+    bool shaped = false;
+    for (int t = 0; t < Lanes; ++t) {
+        const bool isOn = e.tapFilterOn[size_t(t)] != 0.0f;
+        // A lane whose filter is off goes with the cheapest form.
+        kinds[t] = isOn ? e.tapFltKind[t] : TapFilterKind::LowPass;
+        any |= isOn;
+        shaped |= kinds[t] >= TapFilterKind::PeakCut;
+    }
+    if (!any) {
+        glideOnly<Lanes>(e.tapFltGainSmooth.v, e.tapFltGainTarget.v, e.smooth30, w.frames);
+        glideOnly<Lanes>(e.tapFltRootSmooth.v, e.tapFltRootTarget.v, e.smooth30, w.frames);
+        run(NoChain{});
+        return;
+    }
+    CoefficientTiles<Lanes> tiles;
+    const bool moving = shaped ? findCoefficients<Lanes, true>(e, sweep, kinds, w.frames, tiles)
+                               : findCoefficients<Lanes, false>(e, sweep, kinds, w.frames, tiles);
+    run(TapFilterChain<Lanes>(e, w, tiles, moving));
 }
 
 }  // namespace TESSEL8_ISA

@@ -1,88 +1,168 @@
 #pragma once
 
-// What happens to a tap between its read and the sums: fade, gain, width, balance, limit, split.
+// What happens to a tap between its read and the sums: gain, width, balance, saturators, limit,
+// split. Taps without a filter go as rows; as soon as one has a filter on, or a gain still moves,
+// all go as lanes of a tile.
 
 #include <algorithm>
 #include <limits>
 
+#include "engine/BlockPlan.h"
 #include "engine/Engine.h"
+#include "engine/Lines.h"
+#include "engine/Saturator.h"
 #include "engine/Stretch.h"
 
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
-/// The taps' fades over a stretch. A tap is silent for `fadeHoldLen` frames after its delay was
-/// changed and then fades in. The count is common to all taps: a second change restarts the
-/// silence of a tap that still fades.
-template <int Lanes>
-struct FadeTile {
-    Tile<Lanes> level;
-    bool full = true;  ///< all taps at full level; `level` is not filled
+TESSEL8_INLINE void countFrames(Engine& e, int frames) {
+    constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
+    e.fadeHoldCount += frames < kMost - e.fadeHoldCount ? frames : kMost - e.fadeHoldCount;
+}
 
-    TESSEL8_INLINE void advance(Engine& e, int frames) {
-        using P = Pack<Lanes>;
-        const P one = P::all(1.0f);
-        P fade = P::load(e.tapFade.v);
-        full = !anyLane(fade != one);
-        if (full) {
-            return;
-        }
-        const P step = P::all(e.fadeStep);
-        const int64_t held = int64_t(e.fadeHoldLen) - e.fadeHoldCount;
-        for (int i = 0; i < frames; ++i) {
-            if (i >= held) {
-                fade = min(fade + step, one);
-            }
-            level.set(i, fade);
-        }
-        fade.store(e.tapFade.v);
+/// The smoothed gains of a stretch.
+template <int Lanes>
+struct TapGains {
+    Glide<Lanes> gain, panL, panR;
+
+    explicit TapGains(const Engine& e)
+        : gain(e.tapGainSmooth.v, e.tapGainTarget.v, e.smooth30),
+          panL(e.panGainSmoothL.v, e.panGainTargetL.v, e.smooth30),
+          panR(e.panGainSmoothR.v, e.panGainTargetR.v, e.smooth30) {}
+
+    bool settled() const { return gain.settled && panL.settled && panR.settled; }
+    void keep(Engine& e) const {
+        gain.value.store(e.tapGainSmooth.v);
+        panL.value.store(e.panGainSmoothL.v);
+        panR.value.store(e.panGainSmoothR.v);
     }
 };
 
-/// The taps' signals: their raw reads under the fade.
+/// Gain, width matrix and balance of one frame or one tap; `signal` is left and right.
+template <typename P>
+TESSEL8_INLINE void place(P (&signal)[kChannels], const P& gain, const P& direct, const P& cross,
+                          const P& panL, const P& panR) {
+    const P left = signal[0] * gain;
+    const P right = signal[1] * gain;
+    signal[0] = (left * direct + right * cross) * panL;
+    signal[1] = (right * direct + left * cross) * panR;
+}
+
+/// The limit behind a tap, and its switch where that acts on the output.
+template <bool GateAtInput, typename P>
+TESSEL8_INLINE P limited(const P& x, const P& gate) {
+    const P low = P::all(-kSignalLimit);
+    const P high = P::all(kSignalLimit);
+    return GateAtInput ? clamp(x, low, high) : clamp(x * gate, low, high) * gate;
+}
+
+/// Sums of one value a tap: the groups are added lane by lane, then (0 + 2) + (1 + 3).
 template <int Lanes>
-void fadeReads(const FadeTile<Lanes>& fade, Workspace<Lanes>& w) {
-    for (int i = 0; i < w.frames; ++i) {
-        const bool full = fade.full;
-        w.signalL.set(i, full ? w.rawL.at(i) : w.rawL.at(i) * fade.level.at(i));
-        w.signalR.set(i, full ? w.rawR.at(i) : w.rawR.at(i) * fade.level.at(i));
+TESSEL8_INLINE RowPack sumOfTaps(const Row* const (&rows)[kTaps], int i) {
+    const auto lane = [&](int k) {
+        return Lanes == kTaps ? rows[k]->at(i) + rows[k + Lanes - 4]->at(i) : rows[k]->at(i);
+    };
+    return (lane(0) + lane(2)) + (lane(1) + lane(3));
+}
+
+TESSEL8_INLINE void limitSums(int frames, Row (&sums)[kChannels]) {
+    for (Row& row : sums) {
+        inPacks(frames, [&](int i) {
+            row.set(i, clamp(row.at(i), RowPack::all(-kSignalLimit), RowPack::all(kSignalLimit)));
+        });
     }
 }
 
-TESSEL8_INLINE void countFrames(Engine& e, int frames) {
-    constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
-    e.fadeHoldCount += std::min(frames, kMost - e.fadeHoldCount);
+/// All taps as rows, from their reads to the sums.
+template <int Lanes, bool GateAtInput>
+void runTapRows(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
+    Row direct[kChannels][Lanes];
+    Row sends[kChannels][Lanes];
+    const Row* directOf[kChannels][kTaps];
+    const Row* sendOf[kChannels][kTaps];
+    w.sending = false;
+    for (int t = 0; t < Lanes; ++t) {
+        const auto lane = size_t(t);
+        const bool sounds = plan.reads(t) && (GateAtInput || e.tapGate[lane] != 0.0f);
+        for (int c = 0; c < kChannels; ++c) {
+            directOf[c][t] = sounds ? &direct[c][t] : &kSilentRow;
+            sendOf[c][t] = &kSilentRow;
+        }
+        w.lastPost[0][t] = w.lastPost[1][t] = 0.0f;
+        if (!sounds) {
+            for (int c = 0; plan.postUsed && c < kChannels; ++c) {
+                inPacks(w.frames, [&](int i) { w.post[c][t].set(i, RowPack::all(0.0f)); });
+            }
+            continue;
+        }
+        const auto all = [&](const TapBlock& block) { return RowPack::all(block[lane]); };
+        const RowPack gain = all(e.tapGainSmooth), gate = all(e.tapGate);
+        const RowPack straight = all(e.widthDirect), cross = all(e.widthCross);
+        const RowPack panL = all(e.panGainSmoothL), panR = all(e.panGainSmoothR);
+        const RowPack split = all(e.revDirect), send = all(e.revSend);
+        const RowPack ceiling = all(e.tapCeiling), amount = all(e.tapFbAmount);
+        const bool saturating = e.tapSaturatorPre[lane] != 0.0f || e.tapSaturatorPost[lane] != 0.0f;
+        const bool sending = e.revSend[lane] != 0.0f;
+        w.sending |= sending;
+        inPacks(w.frames, [&](int i) {
+            RowPack x[] = {w.tap[0][t]->at(i), w.tap[1][t]->at(i)};
+            place(x, gain, straight, cross, panL, panR);
+            for (int c = 0; c < kChannels; ++c) {
+                const RowPack v =
+                    limited<GateAtInput>(saturating ? saturated(x[c], ceiling) : x[c], gate);
+                const RowPack d = v * split;
+                direct[c][t].set(i, d);
+                if (sending) {
+                    sends[c][t].set(i, v * send);
+                }
+                if (plan.postUsed) {
+                    w.post[c][t].set(i, d * amount);
+                }
+            }
+        });
+        if (sending) {
+            sendOf[0][t] = &sends[0][t];
+            sendOf[1][t] = &sends[1][t];
+        }
+        for (int c = 0; c < kChannels; ++c) {
+            w.lastPost[c][t] = direct[c][t][w.frames - 1] * e.tapFbAmount[lane];
+        }
+    }
+    for (int c = 0; c < kChannels; ++c) {
+        inPacks(w.frames, [&](int i) { w.sum[c].set(i, sumOfTaps<Lanes>(directOf[c], i)); });
+        if (w.sending) {
+            inPacks(w.frames, [&](int i) { w.send[c].set(i, sumOfTaps<Lanes>(sendOf[c], i)); });
+        }
+    }
+    limitSums(w.frames, w.sum);
 }
 
-/// Gain, width matrix and balance.
+/// The taps as lanes up to their filters.
 template <int Lanes>
-void amplify(Engine& e, Workspace<Lanes>& w) {
+void prepareTapLanes(Engine& e, TapGains<Lanes>& gains, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
-    const float take = e.smooth30.take;
-    const float keep = e.smooth30.keep;
-    Glide<Lanes> gain(e.tapGainSmooth.v, e.tapGainTarget.v, take, keep);
-    Glide<Lanes> panL(e.panGainSmoothL.v, e.panGainTargetL.v, take, keep);
-    Glide<Lanes> panR(e.panGainSmoothR.v, e.panGainTargetR.v, take, keep);
+    for (int c = 0; c < kChannels; ++c) {
+        for (int first = 0; first < Lanes; first += 4) {
+            rowsToTile(w.tap[c], first, w.frames, w.signal[c]);
+        }
+    }
     const P direct = P::load(e.widthDirect.v);
     const P cross = P::load(e.widthCross.v);
-    const auto place = [&](int i, const P& g, const P& l, const P& r) {
-        const P left = w.signalL.at(i) * g;
-        const P right = w.signalR.at(i) * g;
-        w.signalL.set(i, (left * direct + right * cross) * l);
-        w.signalR.set(i, (right * direct + left * cross) * r);
-    };
-    if (gain.settled && panL.settled && panR.settled) {
-        for (int i = 0; i < w.frames; ++i) {
-            place(i, gain.value, panL.value, panR.value);
-        }
-        return;
-    }
+    const bool moving = !gains.settled();
     for (int i = 0; i < w.frames; ++i) {
-        place(i, gain.step(), panL.step(), panR.step());
+        if (moving) {
+            gains.gain.step();
+            gains.panL.step();
+            gains.panR.step();
+        }
+        P x[] = {w.signal[0].at(i), w.signal[1].at(i)};
+        place(x, gains.gain.value, direct, cross, gains.panL.value, gains.panR.value);
+        w.signal[0].set(i, x[0]);
+        w.signal[1].set(i, x[1]);
     }
-    gain.value.store(e.tapGainSmooth.v);
-    panL.value.store(e.panGainSmoothL.v);
-    panR.value.store(e.panGainSmoothR.v);
+    gains.keep(e);
+    saturateTaps(e, e.tapSaturatorPre, w);
 }
 
 /// Sums over the lanes of a stretch. The frames are folded down to four lanes one by one and
@@ -106,48 +186,43 @@ struct LaneSums {
     }
 };
 
-/// Gate, limit and split into direct sound, reverb send and feedback; sums over the taps.
+/// The taps as lanes behind their filters, to the sums.
 template <int Lanes, bool GateAtInput>
-void collect(Engine& e, Workspace<Lanes>& w) {
+void finishTapLanes(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
     using P = Pack<Lanes>;
+    saturateTaps(e, e.tapSaturatorPost, w);
     const P gate = P::load(e.tapGate.v);
-    const P low = P::all(-kSignalLimit);
-    const P high = P::all(kSignalLimit);
-    const P direct = P::load(e.revDirect.v);
+    const P split = P::load(e.revDirect.v);
     const P send = P::load(e.revSend.v);
     const P amount = P::load(e.tapFbAmount.v);
-    const bool sending = anyLane(send != P::all(0.0f));
-    const auto limit = [&](const P& x) {
-        return GateAtInput ? clamp(x, low, high) : clamp(x * gate, low, high) * gate;
-    };
-    LaneSums directL, directR, sendL, sendR;
-    for (int i = 0; i < w.frames; ++i) {
-        const P left = limit(w.signalL.at(i));
-        const P right = limit(w.signalR.at(i));
-        const P l = left * direct;
-        const P r = right * direct;
-        w.postFbL.set(i, l * amount);
-        w.postFbR.set(i, r * amount);
-        directL.add(i, l);
-        directR.add(i, r);
-        if (sending) {
-            sendL.add(i, left * send);
-            sendR.add(i, right * send);
+    w.sending = anyLane(send != P::all(0.0f));
+    alignas(32) float last[Lanes];
+    for (int c = 0; c < kChannels; ++c) {
+        LaneSums direct;
+        LaneSums sends;
+        Tile<Lanes>& signal = w.signal[c];
+        for (int i = 0; i < w.frames; ++i) {
+            const P v = limited<GateAtInput>(signal.at(i), gate);
+            const P d = v * split;
+            direct.add(i, d);
+            if (w.sending) {
+                sends.add(i, v * send);
+            }
+            signal.set(i, d * amount);
+        }
+        direct.finish(w.frames, w.sum[c]);
+        if (w.sending) {
+            sends.finish(w.frames, w.send[c]);
+        }
+        signal.at(w.frames - 1).store(last);
+        for (int t = 0; t < Lanes; ++t) {
+            w.lastPost[c][t] = last[t];
+        }
+        for (int first = 0; plan.postUsed && first < Lanes; first += 4) {
+            tileToRows(signal, first, w.frames, w.post[c]);
         }
     }
-    directL.finish(w.frames, w.sumL);
-    directR.finish(w.frames, w.sumR);
-    if (sending) {
-        sendL.finish(w.frames, w.sendL);
-        sendR.finish(w.frames, w.sendR);
-    } else {
-        std::fill_n(w.sendL.v, w.frames, 0.0f);
-        std::fill_n(w.sendR.v, w.frames, 0.0f);
-    }
-    for (int i = 0; i < w.frames; ++i) {
-        w.sumL[i] = clampScalar(w.sumL[i], -kSignalLimit, kSignalLimit);
-        w.sumR[i] = clampScalar(w.sumR[i], -kSignalLimit, kSignalLimit);
-    }
+    limitSums(w.frames, w.sum);
 }
 
 }  // namespace TESSEL8_ISA
