@@ -51,8 +51,10 @@ struct BlockPlan {
             afterTap |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap;
             const bool selected = plan.masterFb && !busHeard && t == plan.selectedTap;
             followed |= inLoop && e.tapEfAmount[lane] != 0.0f;
-            const bool heard = inLoop && (GateAtInput || e.tapGate[lane] != 0.0f || feeds ||
-                                          plan.followerSource == t + 1);
+            // A filter goes on filtering while its tap is off.
+            const bool sounds = e.tapGate[lane] != 0.0f || e.tapFilterOn[lane] != 0.0f;
+            const bool heard =
+                inLoop && (GateAtInput || sounds || feeds || plan.followerSource == t + 1);
             if (heard || selected || (plan.bus & bit)) {
                 plan.read |= bit;
                 plan.zeroDelay |= e.readDelay[t] == 0 ? bit : 0;

@@ -22,6 +22,9 @@ bool allPresent(const Container& parts) {
     return std::all_of(parts.begin(), parts.end(), [](const auto& part) { return bool(part); });
 }
 
+/// Taps 5 to 8, one bit a tap.
+constexpr uint32_t kHighTaps = 0xf0u;
+
 float larger(float a, float b) {
     return a > b ? a : b;
 }
@@ -37,6 +40,7 @@ Engine::Engine(InstructionSet set) : loops(sampleLoops(set)) {
 }
 
 bool Engine::allocateForRate(float rate) {
+    unsettledReads = 0;
     ringLen = int32_t(rate) * kSecondsOfMemory;
     writePos = 0;
     // The old memory goes first: at 192 kHz old and new together would be 200 MB.
@@ -80,6 +84,7 @@ void Engine::resetState() {
     for (TapBlock* block : {&tapReadL, &tapReadR, &preFbL, &preFbR, &postFbL, &postFbR}) {
         block->fill(0.0f);
     }
+    unsettledReads = 0;
     endFades();
     fbSignalL = fbSignalR = 0.0f;
     tapBqL = tapBqR = {};
@@ -108,6 +113,19 @@ void Engine::clear() {
     resetState();
     reverb.clearLines();
     ready = hasMemory();
+}
+
+void Engine::settleReads(uint32_t taps) {
+    for (size_t tap = 0; tap < kTaps; ++tap) {
+        if (taps & unsettledReads & 1u << tap) {
+            const int32_t last = ringIndex(writePos - 1 - readDelay[tap] + ringLen);
+            const size_t group = tap / DelayRing::kLines;
+            const int lane = int(tap % DelayRing::kLines);
+            tapReadL[tap] = ringL[group].line(lane)[last] * tapFade[tap];
+            tapReadR[tap] = ringR[group].line(lane)[last] * tapFade[tap];
+        }
+    }
+    unsettledReads &= ~taps;
 }
 
 void Engine::carryOut(uint32_t wanted) {
@@ -149,6 +167,12 @@ void Engine::carryOut(uint32_t wanted) {
 }
 
 void Engine::beginBlock() {
+    if (!gateAtInput && !anyTapHigh) {
+        settleReads(kHighTaps);  // these taps stand still from here on
+    }
+    if (follower.source != Follower::kMasterIn && follower.source != Follower::kMasterOut) {
+        settleReads(1u << (follower.source - 1));
+    }
     if (const uint32_t wanted = requests.exchange(0, std::memory_order_acquire)) {
         carryOut(wanted);
     }
@@ -167,6 +191,7 @@ void Engine::process(const float* const* inputs, float* const* outputs, int32_t 
 }
 
 void Engine::passThrough(const float* const* inputs, float* const* outputs, int32_t frames) {
+    settleReads(~0u);
     float peakL = 0.0f;
     float peakR = 0.0f;
     for (int32_t i = 0; i < frames; ++i) {

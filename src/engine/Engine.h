@@ -149,8 +149,11 @@ struct Engine {
     TapBlock tapGainSmooth;
     TapBlock panGainSmoothL, panGainSmoothR;
     TapBlock tapReadL, tapReadR;  ///< the tap's read after the fade
-    TapBlock preFbL, preFbR;      ///< raw read * amount, last sample
-    TapBlock postFbL, postFbR;    ///< the tap's direct output * amount, last sample
+    /// Taps that nobody heard in the last block: their `tapRead` is still to be taken from their
+    /// lines, should somebody ask for it.
+    uint32_t unsettledReads = 0;
+    TapBlock preFbL, preFbR;    ///< raw read * amount, last sample
+    TapBlock postFbL, postFbR;  ///< the tap's direct output * amount, last sample
     Quad mixSmooth;
     float inL = 0.0f, inR = 0.0f;    ///< input after the input gain, last sample
     float outL = 0.0f, outR = 0.0f;  ///< last output sample
@@ -213,6 +216,11 @@ struct Engine {
         request(kOtherRequests, 1);
     }
 
+    /// A position up to one turn past the ring's end, brought back into it.
+    int32_t ringIndex(int32_t position) const {
+        return position < ringLen ? position : position - ringLen;
+    }
+
     /// Takes over requests and delays for the block that follows.
     void beginBlock();
     /// Runs the loop that the switches select. Needs `hasMemory`.
@@ -236,6 +244,7 @@ struct Engine {
         requests.fetch_or(1u << (first + which), std::memory_order_release);
     }
     void carryOut(uint32_t wanted);
+    void settleReads(uint32_t taps);
 
     SampleLoops loops;
     std::atomic<uint32_t> requests{0};

@@ -148,22 +148,36 @@ void writeChannel(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w, Channel
         if (plan.ownFeedback) {
             const P own = select(before, raw.at(i) * amount, select(after, post, nothing));
             line = line + own;
-            post = postTile.at(i);
+            // Written first, no tap feeds from behind itself: the tile is not there yet.
+            post = plan.tapsFirst && !plan.singleFrames ? postTile.at(i) : nothing;
         }
         lines.set(i, line);
     }
     scatterWrites(e, channel, w.frames, lines);
 }
 
-/// What the next frame's bus and the taps' own feedback start from.
-template <int Lanes, bool GateAtInput>
-void keepPreFeedback(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
+/// What the next frame's bus starts from. A tap that was not read for the stretch counts, too: by
+/// now its line holds all that the stretch has written.
+template <bool GateAtInput>
+void keepPreFeedback(Engine& e, int frames, float inL, float inR) {
     for (int t = 0; t < kTaps; ++t) {
-        const float amount = e.tapFbAmount[size_t(t)];
-        const float* const left = rawRead<GateAtInput>(e, plan, Channel::Left, t, w.inL);
-        const float* const right = rawRead<GateAtInput>(e, plan, Channel::Right, t, w.inR);
-        e.preFbL[size_t(t)] = left[w.frames - 1] * amount;
-        e.preFbR[size_t(t)] = right[w.frames - 1] * amount;
+        const auto lane = size_t(t);
+        const float amount = e.tapFbAmount[lane];
+        float left = 0.0f;
+        float right = 0.0f;
+        if (amount == 0.0f) {
+            // Nothing is given.
+        } else if (e.readDelay[t] == 0) {
+            const bool closed = GateAtInput && e.tapGate[lane] == 0.0f;
+            left = closed ? 0.0f : inL;
+            right = closed ? 0.0f : inR;
+        } else {
+            const int32_t last = e.ringIndex(e.readPos[t] + frames - 1);
+            left = lineOf(e, Channel::Left, t)[last];
+            right = lineOf(e, Channel::Right, t)[last];
+        }
+        e.preFbL[lane] = left * amount;
+        e.preFbR[lane] = right * amount;
     }
 }
 

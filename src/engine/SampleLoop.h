@@ -191,9 +191,9 @@ void mixOutput(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w, Modulation
 }
 
 template <int Lanes, bool GateAtInput>
-void finishStretch(Engine& e, const BlockPlan& plan, const Workspace<Lanes>& w) {
+void finishStretch(Engine& e, const Workspace<Lanes>& w) {
     countFrames(e, w.frames);
-    keepPreFeedback<Lanes, GateAtInput>(e, plan, w);
+    keepPreFeedback<GateAtInput>(e, w.frames, e.inL, e.inR);
     w.postFbL.at(w.frames - 1).store(e.postFbL.v);
     w.postFbR.at(w.frames - 1).store(e.postFbR.v);
     const auto advance = [&](int32_t& position) {
@@ -236,8 +236,9 @@ void sampleLoop(Engine& e, const float* const* inputs, float* const* outputs, in
             runTaps<Lanes, GateAtInput>(e, mod, w);
         }
         mixOutput(e, plan, w, mod, dcFlip, outputs[0] + done, outputs[1] + done, peaks);
-        finishStretch<Lanes, GateAtInput>(e, plan, w);
+        finishStretch<Lanes, GateAtInput>(e, w);
     }
+    e.unsettledReads = ((1u << Lanes) - 1u) & ~plan.read;
     e.raiseMeters(peaks.inL, peaks.inR, peaks.outL, peaks.outR);
 }
 

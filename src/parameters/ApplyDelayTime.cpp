@@ -49,13 +49,18 @@ void Parameters::requantise(int tap) {
     delayFrac[size_t(tap)] = ringFraction(samples);
 }
 
-/// Asks the host for its tempo and takes it over if it is one the effect follows.
-bool Parameters::takeHostTempo() {
+/// The host's tempo in BPM, where it knows one.
+std::optional<float> Parameters::askHostTempo() {
     double bpm = 0.0;
-    if (!clock || !clock->hostTempo(bpm)) {
+    return clock && clock->hostTempo(bpm) ? std::optional(float(bpm)) : std::nullopt;
+}
+
+/// Takes a host's tempo over if it is one the effect follows.
+bool Parameters::takeHostTempo(std::optional<float> bpm) {
+    if (!bpm) {
         return false;
     }
-    hostTempo = float(bpm);
+    hostTempo = *bpm;
     if (!(hostTempo >= kLowestHostTempo && hostTempo <= kHighestHostTempo)) {
         return false;
     }
@@ -76,7 +81,7 @@ void Parameters::limitZoomToGrid() {
 void Parameters::applyTimeMode(int, float v) {
     keep(Family::TimeMode, v >= 0.75f ? 1.0f : v > 0.25f ? 0.5f : 0.0f);
     if (followsHost() && !loading()) {
-        takeHostTempo();
+        takeHostTempo(askHostTempo());
     }
     recalculateGrid();
     const float zoom = kept(Family::ZoomDel);
@@ -106,7 +111,7 @@ void Parameters::applyTempo(int, float v) {
     keep(Family::Tempo, v);
     tempoBpm = kTempoSpan * v + 30.0f;
     const bool askHost = processSeen.load(std::memory_order_relaxed) && followsHost() && !loading();
-    if (!askHost || !takeHostTempo()) {
+    if (!askHost || !takeHostTempo(askHostTempo())) {
         hostTempo = tempoBpm;
     }
     recalculateGrid();
@@ -189,9 +194,11 @@ void Parameters::stepDelay(int tap, int direction) {
 }
 
 void Parameters::followHostTempo() {
-    double bpm = 0.0;
-    if (!followsHost() || loading() || !clock || !clock->hostTempo(bpm) ||
-        float(bpm) == hostTempo || !takeHostTempo()) {
+    if (!followsHost() || loading()) {
+        return;
+    }
+    const std::optional<float> bpm = askHostTempo();
+    if (bpm == hostTempo || !takeHostTempo(bpm)) {
         return;
     }
     if (programs) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <optional>
 
 #include "engine/Engine.h"
 #include "parameters/DelayGrid.h"
@@ -113,7 +114,8 @@ class Parameters {
     void stepDelay(int tap, int direction);
     bool isOnGrid() const { return kept(Family::TimeMode) != 0.0f; }
     bool followsHost() const { return kept(Family::TimeMode) > 0.9f; }
-    bool takeHostTempo();
+    std::optional<float> askHostTempo();
+    bool takeHostTempo(std::optional<float> bpm);
     void recalculateGrid();
     void requantise(int tap);
     void limitZoomToGrid();

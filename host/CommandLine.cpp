@@ -1,0 +1,141 @@
+#include "CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <string>
+
+#include "Info.h"
+#include "ListParams.h"
+#include "Numbers.h"
+#include "Render.h"
+#include "Texts.h"
+#include "UserError.h"
+
+namespace tessel8::host {
+
+namespace {
+
+constexpr const char* kVersion = "tessel8 1.6.1 build 349";
+constexpr Range kTempo{20, 999};   // BPM
+constexpr Range kBlock{1, 65536};  // frames
+
+/// Options as they were typed; numbers are read by our own functions, whose messages name the
+/// option and its range.
+struct Typed {
+    RenderOptions render;
+    std::string tempo;
+    std::string tail = "silent";
+    std::string block = "512";
+    std::string format = "float";
+    std::string plugin;
+    std::string infoFile;
+    bool listParams = false;
+};
+
+CLI::App* addRender(CLI::App& app, Typed& typed) {
+    CLI::App* command = app.add_subcommand("render", "Send an audio file through the effect");
+    command->add_option("IN", typed.render.input, "Audio file, one or two channels")
+        ->type_name("FILE")
+        ->required();
+    command->add_option("OUT", typed.render.output, "Audio file to write, its kind by its ending")
+        ->type_name("FILE")
+        ->required();
+    command
+        ->add_option("--set", typed.render.settings,
+                     "A parameter, by name or #index, and its value; may be given many times")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    command->add_option("--tempo", typed.tempo, "Tempo of the song, 20 to 999")->type_name("BPM");
+    command
+        ->add_option(
+            "--tail", typed.tail,
+            "Goes on after the input for so long, 0 to 3600, or until silent, at most 60 s")
+        ->type_name("SECONDS|silent")
+        ->capture_default_str();
+    command->add_option("--block", typed.block, "Frames in a block, 1 to 65536")
+        ->type_name("N")
+        ->capture_default_str();
+    command
+        ->add_option("--format", typed.format,
+                     "Samples of the output: 32-bit float, or the same kind as the input")
+        ->type_name("float|input")
+        ->capture_default_str();
+    command->add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
+        ->type_name("FILE");
+    return command;
+}
+
+CLI::App* addList(CLI::App& app, Typed& typed) {
+    CLI::App* command = app.add_subcommand("list", "List what the effect offers");
+    command->add_flag("--params", typed.listParams, "All parameters with their texts");
+    command->add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
+        ->type_name("FILE");
+    return command;
+}
+
+CLI::App* addInfo(CLI::App& app, Typed& typed) {
+    CLI::App* command = app.add_subcommand("info", "Tell about any VST 2.4 plug-in");
+    command->add_option("PLUGIN", typed.infoFile, "Plug-in file")->type_name("FILE")->required();
+    return command;
+}
+
+SampleFormat parseFormat(const std::string& text) {
+    if (text == "float") {
+        return SampleFormat::floatingPoint;
+    }
+    if (text == "input") {
+        return SampleFormat::asInput;
+    }
+    throw UserError("--format: " + inQuotes(text) + " is neither float nor input");
+}
+
+RenderOptions renderOptions(const Typed& typed, const CLI::App& command) {
+    RenderOptions options = typed.render;
+    options.plugin = typed.plugin;
+    if (command.count("--tempo") != 0) {
+        options.tempo = parseNumber(typed.tempo, kTempo, "--tempo");
+    }
+    options.tail = parseTail(typed.tail);
+    options.blockFrames = parseWholeNumber(typed.block, kBlock, "--block");
+    options.format = parseFormat(typed.format);
+    return options;
+}
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv) {
+    Typed typed;
+    CLI::App app("Eight-tap stereo delay on the command line", "tessel8");
+    app.set_version_flag("--version", kVersion);
+    app.require_subcommand(0, 1);  // none is an error too, but one with a better message below
+    const CLI::App* const renderCommand = addRender(app, typed);
+    const CLI::App* const listCommand = addList(app, typed);
+    const CLI::App* const infoCommand = addInfo(app, typed);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) {
+            return app.exit(error);  // --help and --version
+        }
+        throw UserError(error.what());
+    }
+    if (renderCommand->parsed()) {
+        render(renderOptions(typed, *renderCommand));
+    } else if (listCommand->parsed()) {
+        if (!typed.listParams) {
+            throw UserError("list: say what to list: --params");
+        }
+        listParams(typed.plugin);
+    } else if (infoCommand->parsed()) {
+        printInfo(typed.infoFile);
+    } else {
+        throw UserError("say what to do: render, list or info; --help tells more");
+    }
+    if (std::fflush(stdout) != 0) {
+        throw UserError("cannot write to the standard output");
+    }
+    return 0;
+}
+
+}  // namespace tessel8::host

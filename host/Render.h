@@ -1,0 +1,27 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "AudioFormat.h"
+#include "Tail.h"
+
+namespace tessel8::host {
+
+struct RenderOptions {
+    std::filesystem::path input;
+    std::filesystem::path output;
+    std::filesystem::path plugin;       ///< empty: the effect's own file
+    std::vector<std::string> settings;  ///< "Name=value", applied in this order
+    std::optional<double> tempo;        ///< BPM
+    TailLength tail;
+    int blockFrames = 512;
+    SampleFormat format = SampleFormat::floatingPoint;
+};
+
+/// Sends a file through the effect and prints one line about the result to stdout.
+void render(const RenderOptions& options);
+
+}  // namespace tessel8::host

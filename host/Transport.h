@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "vst/Vst24.h"
+
+namespace tessel8::host {
+
+/// The song that the effect is told about: it starts at 0 with the first sample and plays on.
+/// Without a tempo the host knows no musical time, and says so in the flags.
+class Transport {
+  public:
+    /// `tempo` in BPM.
+    explicit Transport(std::optional<double> tempo = std::nullopt);
+
+    void start(double sampleRate);
+    void advance(int64_t frames);
+
+    /// What the effect gets to read; it may keep the pointer until the next call of ours.
+    VstTimeInfo& time() { return time_; }
+
+  private:
+    VstTimeInfo time_{};
+};
+
+}  // namespace tessel8::host

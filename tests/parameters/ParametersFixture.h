@@ -1,0 +1,118 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/Engine.h"
+#include "parameters/Links.h"
+#include "parameters/Parameters.h"
+
+namespace tessel8 {
+
+/// Parameter indices as projects know them; of a family of eight, the first.
+namespace at {
+// clang-format off
+enum : int32_t {
+    Power = 0, Input, Output, Mix, TimeMode, Tempo, Note, ZoomDel, NoteMode, NumMod, DenomMod,
+    FreqMod, PhaseMod, SourceEF, SpeedEF, SyncMod, WaveMod, ActMod, ModeRev, TypeRev, DampRev,
+    AmtRev, ActRev, TapPad, DelayT = 24, AmtFBT = 32, FBPostT = 40, GainT = 48, WidthT = 56,
+    PanTap = 64, TypeFT = 72, FreqFT = 80, ResoFT = 88, GainFT = 96, SourceF = 104, DepthFT = 112,
+    PhaseFT = 120, ActFltT = 128, PreDrvT = 136, DriveT = 144, ActDrvT = 152, RevTap = 160,
+    ActRevT = 168, ActTap = 176, LinkTap = 184, ModeFB = 192, TAPtoFB = 193, SelectFB = 201,
+    GainFB, PanFBR, PanFBL, LinkPanFB, TypeFFB, FreqFFB, ResoFFB, SourceFB, DepthFB, ActFltFB,
+    DriveFB, ActDrvFB, ActiveFB, StepDown = 312, StepUp = 320, MeterMode = 328, MidiLearn = 332,
+    NoteFreqMod = 379, RingFracUsed, WholeNotesInRing, TempoBpm, DelayMs = 383, DelaySteps = 391,
+    DelayFrac = 399, SideLevel = 407, RingLen = 421, SampleRate,
+};
+// clang-format on
+}  // namespace at
+
+/// Editor, current program and host in one: notes what it is told, in the order of the calls.
+class Outside final : public EditorLink, public ProgramSink, public HostClock {
+  public:
+    std::vector<std::string> told;
+    std::array<float, 215> program{};
+    bool loading = false;
+    std::optional<double> tempo;
+    std::optional<double> position;
+    int tempoQuestions = 0;
+
+    static std::string line(const char* what, int32_t index, float value) {
+        char text[64];
+        std::snprintf(text, sizeof text, "%s %d = %.7g", what, int(index), double(value));
+        return text;
+    }
+
+    void setParameter(int32_t index, float value) override {
+        told.push_back(line("editor", index, value));
+    }
+    void showTempo(float value) override { told.push_back(line("digits", at::Tempo, value)); }
+    void showLfoFrequency(float value) override {
+        told.push_back(line("knob", at::FreqMod, value));
+    }
+    bool isLoadingProgram() const override { return loading; }
+    void storeValue(int32_t index, float value) override {
+        program.at(size_t(index)) = value;
+        told.push_back(line("program", index, value));
+    }
+    void storeAllValues(const float* values) override {
+        std::copy_n(values, program.size(), program.begin());
+        told.emplace_back("program all");
+    }
+    bool hostTempo(double& bpm) override {
+        ++tempoQuestions;
+        bpm = tempo.value_or(-1.0);
+        return tempo.has_value();
+    }
+    bool songPosition(double& quarterNotes) override {
+        quarterNotes = position.value_or(-1.0);
+        return position.has_value();
+    }
+};
+
+/// Parameters over an engine without memory, at 44100 Hz with the neutral values applied:
+/// Tempo mode, 120 BPM, sixteenths.
+class ParametersTest : public testing::Test {
+  protected:
+    ParametersTest() {
+        parameters.connect(&outside, &outside);
+        parameters.connect(&outside);
+        parameters.resetToDefaults();
+        block();
+        outside.told.clear();
+    }
+
+    void set(int32_t index, float value) { parameters.apply(index, value); }
+    float applied(int32_t index) const { return parameters.applied(index); }
+    float stored(int32_t index) const { return parameters.stored(index); }
+
+    /// What a block does around its samples.
+    void block() {
+        parameters.beginBlock();
+        engine.beginBlock();
+        if (parameters.isDirty()) {
+            parameters.mirrorAppliedValues();
+        }
+    }
+
+    static std::string editor(int32_t index, float value) {
+        return Outside::line("editor", index, value);
+    }
+
+    Engine engine;
+    Parameters parameters{engine};
+    Outside outside;
+};
+
+using Told = std::vector<std::string>;
+
+constexpr double kPi = 3.14159265358979323846;
+
+}  // namespace tessel8

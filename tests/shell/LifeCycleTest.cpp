@@ -1,0 +1,221 @@
+// The effect's states, and what a block does in each of them.
+
+#include <limits>
+
+#include "parameters/FamilyTable.h"
+#include "shell/FakeHost.h"
+
+namespace tessel8 {
+
+namespace {
+
+constexpr int kRunning = 0, kNoMemory = 1, kRateRefused = 2, kSuspended = 3;
+
+class LifeCycle : public testing::Test {
+  protected:
+    /// Runs at 44100 Hz in Time mode, tap 1 at 3528 samples, all wet.
+    void start() {
+        hosted.rate(44100.0f);
+        hosted.set(4, 0.0f);
+        hosted.set(3, 1.0f);
+        hosted.set(24, 0.01f);
+        hosted.mains(true);
+    }
+    HostedEffect hosted;
+};
+
+}  // namespace
+
+TEST_F(LifeCycle, AFreshEffectHoldsTheNeutralProgram) {
+    for (int32_t index = 0; index < expected::kCount; ++index) {
+        EXPECT_EQ(hosted.get(index), expected::initialOf(index)) << expected::nameOf(index);
+        EXPECT_EQ(hosted.object().appliedValue(index), expected::initialOf(index))
+            << expected::nameOf(index);
+    }
+    EXPECT_EQ(hosted.object().appliedValue(382), 120.0f);
+}
+
+TEST_F(LifeCycle, BeforeTheFirstRateTheEffectIsTransparent) {
+    EXPECT_EQ(hosted.status(), kNoMemory);
+    EXPECT_TRUE(hosted.isTransparent());
+    hosted.mains(true);
+    EXPECT_EQ(hosted.status(), kNoMemory);
+    EXPECT_TRUE(hosted.isTransparent());
+}
+
+TEST_F(LifeCycle, NothingMakesAnEngineWithoutMemoryReady) {
+    hosted.object().requestPanic(true);
+    EXPECT_TRUE(hosted.isTransparent());
+    EXPECT_TRUE(hosted.isTransparent());
+    hosted.set(0, 0.0f);
+    EXPECT_TRUE(hosted.isTransparent());
+    hosted.set(0, 1.0f);
+    EXPECT_TRUE(hosted.isTransparent());
+}
+
+TEST_F(LifeCycle, ARateStartsTheEngineAndResumeForgetsTheFailure) {
+    hosted.rate(44100.0f);
+    EXPECT_EQ(hosted.status(), kNoMemory);  // of the time before
+    EXPECT_FALSE(hosted.isTransparent());
+    hosted.mains(true);
+    EXPECT_EQ(hosted.status(), kRunning);
+    EXPECT_FALSE(hosted.isTransparent());
+    hosted.mains(true);
+    EXPECT_EQ(hosted.status(), kRunning);
+    EXPECT_FALSE(hosted.isTransparent());
+    hosted.mains(false);
+    EXPECT_EQ(hosted.status(), kSuspended);
+    EXPECT_TRUE(hosted.isTransparent());
+    hosted.mains(false);
+    EXPECT_EQ(hosted.status(), kSuspended);
+    hosted.mains(true);
+    EXPECT_EQ(hosted.status(), kRunning);
+    EXPECT_FALSE(hosted.isTransparent());
+}
+
+TEST_F(LifeCycle, RatesFrom44100To192000AreTakenAndNoOthers) {
+    constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    for (const float taken : {0.0f, 44100.0f, 192000.0f, 44100.7f}) {
+        const bool hasMemory = taken != 0.0f;
+        if (hasMemory) {
+            hosted.rate(taken);
+            EXPECT_FALSE(hosted.isTransparent()) << taken;
+            hosted.mains(true);
+            EXPECT_EQ(hosted.status(), kRunning) << taken;
+            EXPECT_EQ(hosted.get(421), float(8 * int32_t(taken))) << taken;
+            EXPECT_EQ(hosted.get(422), taken);
+        }
+        for (const float refused :
+             {22050.0f, 44099.99f, 192000.1f, 0.0f, -44100.0f, 1e30f, kNan, kInfinity}) {
+            hosted.rate(refused);
+            EXPECT_EQ(hosted.status(), kRateRefused) << refused;
+            EXPECT_TRUE(hosted.isTransparent()) << refused;
+            hosted.mains(true);  // says first what it lacks most
+            EXPECT_EQ(hosted.status(), hasMemory ? kRateRefused : kNoMemory) << refused;
+            EXPECT_TRUE(hosted.isTransparent()) << refused;
+        }
+    }
+}
+
+TEST_F(LifeCycle, AfterARefusedRateTheFadeTakesItsSecondAgain) {
+    hosted.rate(std::numeric_limits<float>::quiet_NaN());
+    hosted.mains(true);
+    start();
+    hosted.set(24, 0.01f);
+    const int32_t kHalfASecond = 22050 / HostedEffect::kFrames;
+    float peak = 0.0f;
+    for (int32_t b = 0; b < kHalfASecond; ++b) {
+        hosted.noise();
+        peak = std::fmax(peak, std::fabs(hosted.outL[100]));
+    }
+    EXPECT_EQ(peak, 0.0f);
+    for (int32_t b = 0; b < kHalfASecond; ++b) {
+        hosted.noise();
+        peak = std::fmax(peak, std::fabs(hosted.outL[100]));
+    }
+    EXPECT_GT(peak, 0.1f);
+}
+
+TEST_F(LifeCycle, SuspendLeavesNothingThatResumeCouldBringBack) {
+    constexpr int32_t kWholeMemory = 352800 / HostedEffect::kFrames + 2;
+    start();
+    for (int i = 0; i < 20; ++i) {
+        hosted.noise();
+    }
+    EXPECT_GT(hosted.peakOfSilence(8), 0.1f);  // the echo is there
+    for (int i = 0; i < kWholeMemory; ++i) {
+        hosted.noise();
+    }
+    hosted.mains(false);
+    hosted.mains(true);
+    EXPECT_EQ(hosted.peakOfSilence(kWholeMemory), 0.0f);
+    hosted.noise();
+    EXPECT_GT(hosted.peakOfSilence(8), 0.1f);
+}
+
+TEST_F(LifeCycle, ARateChangeWithoutSuspendStartsSilentWithinTheNewMemory) {
+    hosted.rate(96000.0f);
+    hosted.set(4, 0.0f);
+    hosted.set(3, 1.0f);
+    hosted.set(24, 1.0f);  // 768000 samples
+    hosted.mains(true);
+    for (int i = 0; i < 100; ++i) {
+        hosted.noise();
+    }
+    hosted.rate(44100.0f);
+    hosted.rate(44100.0f);
+    EXPECT_EQ(hosted.peakOfSilence(4), 0.0f);
+    // One loud frame comes back after the longest delay that the new memory has.
+    float impulse[HostedEffect::kFrames] = {1.0f};
+    hosted.process(impulse, impulse, HostedEffect::kFrames);
+    int32_t frame = HostedEffect::kFrames;
+    float silence[HostedEffect::kFrames] = {};
+    int32_t echo = -1;
+    for (; frame < 360000 && echo < 0; frame += HostedEffect::kFrames) {
+        hosted.process(silence, silence, HostedEffect::kFrames);
+        for (int32_t i = 0; i < HostedEffect::kFrames && echo < 0; ++i) {
+            echo = hosted.outL[i] != 0.0f ? frame + i : -1;
+        }
+    }
+    EXPECT_EQ(echo, 352799);
+}
+
+TEST_F(LifeCycle, PowerOffIsTransparentAndMetersTheInputOnBothPairs) {
+    start();
+    hosted.noise();
+    hosted.set(0, 0.0f);
+    hosted.inL[100] = -2.0f;
+    hosted.inR[511] = 3.0f;
+    EXPECT_TRUE(hosted.isTransparent());
+    float left = 0.0f, right = 0.0f;
+    for (int turn = 0; turn < 2; ++turn) {
+        hosted.object().takeInputPeaks(&left, &right);
+        EXPECT_EQ(left, turn == 0 ? 2.0f : 0.0f);
+        EXPECT_EQ(right, turn == 0 ? 3.0f : 0.0f);
+        hosted.object().takeOutputPeaks(&left, &right);
+        EXPECT_EQ(left, turn == 0 ? 2.0f : 0.0f);
+        EXPECT_EQ(right, turn == 0 ? 3.0f : 0.0f);
+    }
+    hosted.set(0, 0.3f);
+    EXPECT_FALSE(hosted.isTransparent());
+}
+
+TEST_F(LifeCycle, PanicIsOneTransparentBlock) {
+    start();
+    hosted.noise();
+    hosted.object().requestPanic(true);
+    EXPECT_TRUE(hosted.isTransparent());
+    EXPECT_FALSE(hosted.isTransparent());
+    hosted.object().requestPanic(true);
+    hosted.mains(true);  // takes the request back
+    EXPECT_FALSE(hosted.isTransparent());
+}
+
+TEST_F(LifeCycle, ABlockWithoutFramesStillDoesTheWorkBehindIt) {
+    for (int turn = 0; turn < 2; ++turn) {
+        hosted.set(0, 0.3f);
+        EXPECT_EQ(hosted.get(0), 0.3f);
+        EXPECT_EQ(hosted.object().appliedValue(0), 1.0f);
+        hosted.effect->processReplacing(hosted.effect, nullptr, nullptr, 0);
+        EXPECT_EQ(hosted.get(0), 1.0f);
+        start();
+    }
+}
+
+TEST_F(LifeCycle, TheAccumulatingAndTheDoubleCallsAddNothing) {
+    start();
+    hosted.noise();
+    float* inputs[] = {hosted.inL, hosted.inR};
+    float untouched[] = {5.0f, 5.0f};
+    float* outputs[] = {untouched, untouched};
+    hosted.effect->process(hosted.effect, inputs, outputs, 2);
+    double doubles[] = {1.0, 1.0}, doubled[] = {7.0, 7.0};
+    double* doubleInputs[] = {doubles, doubles};
+    double* doubleOutputs[] = {doubled, doubled};
+    hosted.effect->processDoubleReplacing(hosted.effect, doubleInputs, doubleOutputs, 2);
+    EXPECT_EQ(untouched[0] + untouched[1], 10.0f);
+    EXPECT_EQ(doubled[0] + doubled[1], 14.0);
+}
+
+}  // namespace tessel8
