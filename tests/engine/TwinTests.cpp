@@ -33,7 +33,7 @@ class Draw {
             case 2:
                 return 4410 + below(2000);  // long enough for feedback behind the processing
             default:
-                return below(ringLen);
+                return chance(0.2) ? ringLen - below(3) : below(ringLen);  // the whole ring, too
         }
     }
 
