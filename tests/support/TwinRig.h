@@ -17,7 +17,7 @@ struct TwinRig : Rig {
 
     explicit TwinRig(InstructionSet isa, float rate = kLowestRate) : Rig(rate, isa), twin(engine) {
         for (int tap = 0; tap < kTaps; ++tap) {
-            later([=, this] { twin.snapTapFilterGain(tap); });
+            twin.snapTapFilterGain(tap);
         }
         later([this] { twin.respreadLfo(); });
         later([this] { twin.buildReverb(); });
@@ -35,7 +35,8 @@ struct TwinRig : Rig {
                 if (tapType(tap) != typeBefore) {
                     later([=, this] { twin.clearTapFilter(tap); });
                 }
-                later([=, this] { twin.snapTapFilterGain(tap); });
+                // To the target of this moment: a later gain change glides from here.
+                twin.snapTapFilterGain(tap);
                 break;
             case Family::ActFltT:
                 later([=, this] { twin.clearTapFilter(tap); });
