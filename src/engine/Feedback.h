@@ -112,6 +112,7 @@ void writeLines(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
         for (int t = 0; t < kTaps; ++t) {
             const auto lane = size_t(t);
             float* const line = lineOf(e, c, t) + e.writePos;
+            prefetchRow<1>(line + kStretch);
             const Row& base = GateAtInput && e.tapGate[lane] == 0.0f ? closed : open;
             if (!plan.feedsItself(t)) {
                 writeLine(line, base, w.frames);

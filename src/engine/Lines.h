@@ -18,6 +18,14 @@ TESSEL8_INLINE auto* lineOf(E& e, int channel, int tap) {
     return rings[size_t(tap / DelayRing::kLines)].line(tap % DelayRing::kLines);
 }
 
+/// Asks for the cache lines of the row behind, which the next stretch will want. With up to 32
+/// lines read and written at once the processor's own prefetching loses track.
+template <int ForWriting>
+TESSEL8_INLINE void prefetchRow(const float* row) {
+    __builtin_prefetch(row, ForWriting);
+    __builtin_prefetch(row + 16, ForWriting);
+}
+
 /// Points at the raw reads of all taps. A tap without delay finds the input alone: the feedback
 /// comes to its line after this read.
 template <int Lanes, bool GateAtInput>
@@ -32,7 +40,9 @@ void gatherReads(const Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
                 raw = closed ? &kSilentRow : &w.in[c];
             } else {
                 // A whole row at once; the gap behind a line has room for what is too much.
-                __builtin_memcpy(w.rawStore[c][t].v, lineOf(e, c, t) + e.readPos[t], sizeof(Row));
+                const float* const from = lineOf(e, c, t) + e.readPos[t];
+                __builtin_memcpy(w.rawStore[c][t].v, from, sizeof(Row));
+                prefetchRow<0>(from + kStretch);
                 raw = &w.rawStore[c][t];
             }
             w.tap[c][t] = raw;

@@ -23,23 +23,31 @@ TESSEL8_INLINE float nextRandom(uint32_t& state) {
     return float(state >> 16 & 0x7fffu) * 2.0f / 32767.0f - 1.0f;
 }
 
-TESSEL8_INLINE float lfoShape(const Engine& e, LfoWave wave, float phase) {
-    constexpr float kHalfPi = kPiFloat / 2.0f;
+/// One wave over a row of phases (-pi to pi), clipped to -1 to 1.
+TESSEL8_INLINE RowPack lfoShape(const Engine& e, LfoWave wave, const RowPack& phase) {
+    const RowPack one = RowPack::all(1.0f);
+    const RowPack pi = RowPack::all(kPiFloat);
+    RowPack x = phase;
     switch (wave) {
         case LfoWave::Sine:
-            return e.sineTable.data()[tableIndex((phase + kPiFloat) * kSineScale, kSineEntries)];
+            x = lookUp(e.sineTable.data(), phase + pi, kSineScale, kSineEntries);
+            break;
         case LfoWave::Square:
-            return phase > 0.0f ? 1.0f : -1.0f;
+            x = select(phase > RowPack::all(0.0f), one, RowPack::all(-1.0f));
+            break;
         case LfoWave::Triangle: {
-            const float ramp = phase / kHalfPi;
-            if (phase < -kHalfPi) {
-                return -ramp - 2.0f;
-            }
-            return phase > kHalfPi ? -ramp + 2.0f : ramp;
+            const RowPack halfPi = RowPack::all(kPiFloat / 2.0f);
+            const RowPack two = RowPack::all(2.0f);
+            const RowPack nothing = RowPack::all(0.0f);
+            const RowPack ramp = phase / halfPi;
+            x = select(phase > halfPi, nothing - ramp + two, ramp);
+            x = select(phase < nothing - halfPi, nothing - ramp - two, x);
+            break;
         }
         default:
-            return phase / kPiFloat;  // saw
+            x = phase / pi;  // saw
     }
+    return (abs(x + one) - abs(x - one)) * RowPack::all(0.5f);
 }
 
 TESSEL8_INLINE float clipped(float x) {
@@ -60,7 +68,7 @@ TESSEL8_INLINE void advancePhase(float& phase, float step) {
     phase = phase > kPiFloat ? phase - 2.0f * kPiFloat : phase;
 }
 
-/// The LFO as a chain.
+/// The LFO's phases as a chain. `shapeLfo` makes the outputs of them.
 struct LfoChain {
     Engine& e;
     ModulationRows& rows;
@@ -69,17 +77,13 @@ struct LfoChain {
     LfoChain(Engine& engine, ModulationRows& to) : e(engine), rows(to), lfo(engine.lfo) {}
 
     TESSEL8_INLINE void step(int i) {
-        if (lfo.wave != LfoWave::Off) {
-            if (lfo.wave == LfoWave::Random) {
-                holdRandom(lfo, lfo.step);
-                lfo.outPos = clipped(lfo.holdPos);
-                lfo.outNeg = clipped(lfo.holdNeg);
-            } else {
-                lfo.outPos = clipped(lfoShape(e, lfo.wave, lfo.phasePos));
-                lfo.outNeg = clipped(lfoShape(e, lfo.wave, lfo.phaseNeg));
-            }
-            rows.lfoPositive[i] = lfo.outPos;
-            rows.lfoNegative[i] = lfo.outNeg;
+        if (lfo.wave == LfoWave::Random) {
+            holdRandom(lfo, lfo.step);
+            rows.lfoPositive[i] = clipped(lfo.holdPos);
+            rows.lfoNegative[i] = clipped(lfo.holdNeg);
+        } else {
+            rows.lfoPositive[i] = lfo.phasePos;
+            rows.lfoNegative[i] = lfo.phaseNeg;
         }
         advancePhase(lfo.phasePos, lfo.step);
         advancePhase(lfo.phaseNeg, lfo.step);
@@ -88,17 +92,29 @@ struct LfoChain {
 
     /// Only the block's own fields go back: the others may have been set meanwhile.
     TESSEL8_INLINE void finish() const {
-        const bool off = lfo.wave == LfoWave::Off;
         e.lfo.phase = lfo.phase;
         e.lfo.phasePos = lfo.phasePos;
         e.lfo.phaseNeg = lfo.phaseNeg;
-        e.lfo.outPos = off ? 0.0f : lfo.outPos;
-        e.lfo.outNeg = off ? 0.0f : lfo.outNeg;
         e.lfo.holdPos = lfo.holdPos;
         e.lfo.holdNeg = lfo.holdNeg;
         e.lfo.random = lfo.random;
     }
 };
+
+/// Turns the rows' phases into the LFO's outputs.
+inline void shapeLfo(Engine& e, int frames, ModulationRows& rows) {
+    const LfoWave wave = e.lfo.wave;
+    if (rows.off || wave == LfoWave::Off) {
+        e.lfo.outPos = e.lfo.outNeg = 0.0f;
+        return;
+    }
+    for (Row* row : {&rows.lfoPositive, &rows.lfoNegative}) {
+        inPacks(wave == LfoWave::Random ? 0 : frames,
+                [&](int i) { row->set(i, lfoShape(e, wave, row->at(i))); });
+    }
+    e.lfo.outPos = rows.lfoPositive[frames - 1];
+    e.lfo.outNeg = rows.lfoNegative[frames - 1];
+}
 
 /// Adding and taking away a small number flushes what is far smaller.
 TESSEL8_INLINE float flushed(float x) {

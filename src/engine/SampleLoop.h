@@ -138,7 +138,36 @@ struct StretchRun {
     }
 
     void run() {
-        modulate();
+        mod.off = !plan.modulation;
+        mod.followerHeard = plan.followerHeard;
+        const FollowerSource<Lanes> source(e, plan, w);
+        const FollowerChain follower(e, source.left, source.right, mod);
+        const LfoChain lfo(e, mod);
+        if (plan.followerHeard) {
+            runTogether(w.frames, follower, lfo);
+            shapeLfo(e, w.frames, mod);
+            runBeside();
+            return;
+        }
+        // A follower that moves no filter may run beside them, or wait for its source.
+        inPacks(w.frames, [&](int i) { mod.follower.set(i, RowPack::all(0.0f)); });
+        if (plan.modulation || plan.followerWaits()) {
+            runTogether(w.frames, lfo);
+            shapeLfo(e, w.frames, mod);
+            if (plan.followerWaits()) {
+                runBeside();
+            } else {
+                runBeside(follower);
+            }
+        } else {
+            runBeside(follower, lfo);
+            shapeLfo(e, w.frames, mod);
+        }
+    }
+
+    /// Taps and feedback in the order that their routing asks for, with other chains beside.
+    template <typename... Chains>
+    void runBeside(const Chains&... chains) {
         if (plan.zeroDelay) {
             // Such a tap hears what is written now.
             feedBack();
@@ -148,31 +177,15 @@ struct StretchRun {
                 const FollowerSource<Lanes> source(e, plan, w);
                 runTogether(w.frames, FollowerChain(e, source.left, source.right, mod));
             }
-            runTaps(NoChain{});
+            runTaps(chains...);
         } else if (plan.masterFb && plan.busAfterTaps) {
             // The bus hears the taps of this stretch.
-            runTaps(NoChain{});
+            runTaps(chains...);
             feedBack();
             writeLines<Lanes, GateAtInput>(e, plan, w);
         } else {
-            runTapsAndFeedback();
+            runTapsAndFeedback(chains...);
             writeLines<Lanes, GateAtInput>(e, plan, w);
-        }
-    }
-
-    /// LFO and follower; a follower whose source is not there yet waits, where it moves no filter.
-    void modulate() {
-        mod.off = !plan.modulation;
-        mod.followerHeard = plan.followerHeard;
-        if (plan.modulation && !plan.followerHeard) {
-            inPacks(w.frames, [&](int i) { mod.follower.set(i, RowPack::all(0.0f)); });
-        }
-        if (plan.followerWaits() && !plan.followerHeard) {
-            runTogether(w.frames, LfoChain(e, mod));
-        } else {
-            const FollowerSource<Lanes> source(e, plan, w);
-            runTogether(w.frames, FollowerChain(e, source.left, source.right, mod),
-                        LfoChain(e, mod));
         }
     }
 
@@ -187,9 +200,9 @@ struct StretchRun {
         finishFeedback(e, w);
     }
 
-    /// The taps, their filters beside the chain given.
-    template <typename Chain>
-    void runTaps(const Chain& beside) {
+    /// The taps, their filters beside the chains given.
+    template <typename... Chains>
+    void runTaps(const Chains&... chains) {
         TapGains<Lanes> gains(e);
         const bool lanes = needsLanes(e, gains);
         keepReads(e, w);
@@ -199,20 +212,22 @@ struct StretchRun {
             runTapRows<Lanes, GateAtInput>(e, plan, w);
         }
         withTapFilters(e, mod, w,
-                       [&](const auto& filters) { runTogether(w.frames, beside, filters); });
+                       [&](const auto& filters) { runTogether(w.frames, chains..., filters); });
         if (lanes) {
             finishTapLanes<Lanes, GateAtInput>(e, plan, w);
         }
     }
 
     /// Taps and master feedback, where neither hears the other within the stretch.
-    void runTapsAndFeedback() {
+    template <typename... Chains>
+    void runTapsAndFeedback(const Chains&... chains) {
         if (!plan.masterFb) {
-            runTaps(NoChain{});
+            runTaps(chains...);
             return;
         }
         prepareFeedback(e, plan, w);
-        withFeedbackFilter(e, mod, w.frames, w.fb, [&](const auto& filter) { runTaps(filter); });
+        withFeedbackFilter(e, mod, w.frames, w.fb,
+                           [&](const auto& filter) { runTaps(chains..., filter); });
         finishFeedback(e, w);
     }
 };
