@@ -2,7 +2,6 @@
 
 #include <array>
 #include <complex>
-#include <initializer_list>
 #include <numbers>
 
 #include "support/Rig.h"
@@ -13,20 +12,19 @@ constexpr double kPi = std::numbers::pi;
 /// Largest relative error of one rounding to 24 bits.
 constexpr double kUnit = 1.0 / 16777216.0;
 
-struct Value {
-    Family family;
-    float value;
-    int tap = 0;
-};
+using enum Family;
 
 /// A rig whose taps pass a sample unchanged, bit by bit: all gains are powers of two and stand at
-/// their targets, and the channels do not leak. `delay` is the first tap's.
+/// their targets, and the channels do not leak. `samples` is the first tap's delay; families and
+/// their values follow in turns.
 struct Bench : Rig {
-    explicit Bench(std::initializer_list<Value> values, int32_t samples = 0,
-                   float rate = kLowestRate)
-        : Rig(rate) {
+    template <typename... Values>
+    explicit Bench(int32_t samples, float rate, Values... values) : Rig(rate) {
         delay(0, samples);
-        with(values);
+        with(0, values...);
+        atRest();
+    }
+    void atRest() {
         engine.widthDirect.fill(2.0f);
         engine.widthCross.fill(0.0f);
         engine.mixSmooth = engine.mixTarget;
@@ -35,12 +33,14 @@ struct Bench : Rig {
         engine.panGainSmoothR = engine.panGainTargetR;
         engine.endFades();
     }
-    void with(std::initializer_list<Value> values) {
-        for (const Value& v : values) {
-            set(v.family, v.value, v.tap);
-        }
+    void with(int) {}
+    template <typename... Values>
+    void with(int tap, Family family, float value, Values... rest) {
+        set(family, value, family >= DelayT && family <= LinkTap ? tap : 0);
+        with(tap, rest...);
     }
-    std::vector<float> left(const Stereo& input) {
+    // Not inline: the compiler would take the vectors' memory for one of them.
+    __attribute__((noinline)) std::vector<float> left(const Stereo& input) {
         const Stereo out = play(input);
         return out.left;
     }

@@ -78,16 +78,16 @@ constexpr Setting kSettings[] = {{kLow, 0.2f, 0.5f},       {kLow, 0.8f, 0.1f},
 
 /// The type comes from another one and last, so that it works out everything anew.
 void setFilter(Rig& rig, const Setting& s, double hz) {
-    rig.set(Family::TypeFT, s.shape == kHighCut ? 0.0f : 1.0f);
-    rig.set(Family::ResoFT, s.resonance);
-    rig.set(Family::GainFT, s.gain);
-    rig.set(Family::TypeFT, float(s.shape) / 7.0f);
-    rig.set(Family::FreqFT, frequencyValue(hz));
+    rig.set(TypeFT, s.shape == kHighCut ? 0.0f : 1.0f);
+    rig.set(ResoFT, s.resonance);
+    rig.set(GainFT, s.gain);
+    rig.set(TypeFT, float(s.shape) / 7.0f);
+    rig.set(FreqFT, frequencyValue(hz));
 }
 
 TEST(TapFilter, HasTheResponseOfItsAnaloguePrototype) {
     for (const float rate : {44100.0f, 192000.0f}) {
-        Bench rig({{Family::ActFltT, 1.0f}}, 100, rate);
+        Bench rig(100, rate, ActFltT, 1.0f);
         for (const double hz : {300.0, 4000.0, rate < 50000.0f ? 16000.0 : 8000.0}) {
             for (const Setting& s : kSettings) {
                 SCOPED_TRACE(::testing::Message() << rate << " shape " << s.shape << " resonance "
@@ -111,16 +111,16 @@ TEST(TapFilter, HasTheResponseOfItsAnaloguePrototype) {
 
 TEST(TapFilter, BeginsFromSilenceWhenSwitchedOnOrGivenAnotherType) {
     for (const char* change : {"none", "same type", "another type", "switch"}) {
-        Bench rig({{Family::ActFltT, 1.0f}}, 100);
+        Bench rig(100, kLowestRate, ActFltT, 1.0f);
         setFilter(rig, {kLow, 0.9f, 0.5f}, 500.0);
         rig.play(noise(10000, 5));
         rig.engine.clearRings();
         if (*change == 's' && change[1] == 'w') {
-            rig.set(Family::ActFltT, 0.0f);
+            rig.set(ActFltT, 0.0f);
             rig.play(silence(100));
-            rig.set(Family::ActFltT, 1.0f);
+            rig.set(ActFltT, 1.0f);
         } else if (*change != 'n') {
-            rig.set(Family::TypeFT, *change == 'a' ? 1.0f / 7.0f : 0.05f);
+            rig.set(TypeFT, *change == 'a' ? 1.0f / 7.0f : 0.05f);
         }
         const float rest = peak(rig.left(silence(1000)));
         const bool keeps = *change == 'n' || change[1] == 'a';
@@ -133,14 +133,9 @@ constexpr size_t kTurn = 20000;
 /// What the master feedback's filter makes of one sample: the second echo of a tap that feeds
 /// everything back once.
 std::vector<float> feedbackResponse(int type, float resonance, double hz, float level, float rate) {
-    Bench rig({{Family::SelectFB, 0.125f},
-               {Family::GainFB, 1.0f},
-               {Family::ActiveFB, 1.0f},
-               {Family::TypeFFB, float(type) / 5.0f},
-               {Family::ResoFFB, resonance},
-               {Family::FreqFFB, frequencyValue(hz + 0.25)},
-               {Family::ActFltFB, 1.0f}},
-              kTurn, rate);
+    Bench rig(kTurn, rate, SelectFB, 0.125f, GainFB, 1.0f, ActiveFB, 1.0f, TypeFFB,
+              float(type) / 5.0f, ResoFFB, resonance, FreqFFB, frequencyValue(hz + 0.25), ActFltFB,
+              1.0f);
     rig.play(silence(kTurn));
     rig.play(impulse(2 * kTurn, level, -level));
     return rig.left(silence(kTurn));

@@ -7,10 +7,6 @@ namespace {
 
 constexpr int32_t kFrames = 256;
 
-float frequencyOfLfo(double hz) {
-    return float(std::log(hz + 1.0) / std::log(16.0));
-}
-
 /// Adding a step to a phase is out by half a unit of the sum's binade, the same way as long as it
 /// stays there: 1.2e-7 above 2, half of it above 1, and so on; with their shares of a cycle 6.7e-8
 /// on average. Turning back by 2 pi is out by 3e-7 once a cycle, and the step itself by one
@@ -19,84 +15,59 @@ double driftInRadians(double hz, double frames) {
     return frames * (6.7e-8 + kUnit * hz * 2.0 * kPi / 44100.0) + hz * frames / 44100.0 * 3e-7;
 }
 
-TEST(Lfo, KeepsItsPeriodOverThreeMinutesOnEveryWave) {
-    for (const double hz : {0.37, 14.3}) {
-        for (int wave = 0; wave < 5; ++wave) {
-            SCOPED_TRACE(::testing::Message() << hz << " Hz, wave " << wave);
-            Bench rig({{Family::FreqMod, frequencyOfLfo(hz)},
-                       {Family::WaveMod, float(wave) / 4.0f},
-                       {Family::PhaseMod, 0.3f},
-                       {Family::ActMod, 1.0f}});
-            const Lfo& lfo = rig.engine.lfo;
-            const int blocks = 180 * 44100 / kFrames;
-            double turns = 0.0, mean = 0.0, square = 0.0;
-            int changes = 0;
-            double before = 0.2 * kPi;  // the spread turns the first output back by as much
-            for (int b = 0; b < blocks; ++b) {
-                const float held = lfo.outPos, heldNeg = lfo.outNeg;
-                rig.play(silence(kFrames));
-                const double now = double(lfo.phasePos);
-                const bool wrapped = now < before;
-                turns += wrapped;
-                const double x = now - double(lfo.step);  // where the last output was taken
-                const double shape = wave == 0   ? std::sin(x)
-                                     : wave == 1 ? (x > 0.0 ? 1.0 : -1.0)
-                                     : wave == 2 ? std::asin(std::sin(x)) * 2.0 / kPi
-                                                 : x / kPi;
-                if (wave < 4 && std::fabs(x) < kPi) {
-                    // The sine's table has 999 steps a cycle.
-                    ASSERT_NEAR(shape, double(lfo.outPos), wave == 0 ? 2.0 * kPi / 999.0 : 1e-6);
-                } else if (wave == 4) {
-                    ASSERT_EQ(wrapped, lfo.outPos != held) << b;
-                    ASSERT_EQ(wrapped, lfo.outNeg != heldNeg) << b;
-                    changes += wrapped;
-                    mean += wrapped ? double(lfo.outPos) : 0.0;
-                    square += wrapped ? double(lfo.outPos) * double(lfo.outPos) : 0.0;
-                }
-                before = now;
-            }
-            const double frames = double(blocks) * kFrames;
-            const double radians = 2.0 * kPi * turns + before - 0.2 * kPi;
-            printf("R %g %d %g %g\n", hz, wave, radians - 2.0 * kPi * hz * frames / 44100.0,
-                   driftInRadians(hz, frames));
-            EXPECT_NEAR(2.0 * kPi * hz * frames / 44100.0, radians, driftInRadians(hz, frames));
-            if (changes > 1000) {
-                // Variances of x and x squared, uniform from -1 to 1: 1/3 and 4/45.
-                printf("U %d %g %g\n", changes, mean / changes * std::sqrt(3.0 * changes),
-                       (square / changes - 1.0 / 3) * std::sqrt(45.0 * changes / 4));
-                EXPECT_NEAR(0.0, mean / changes, 4.0 * std::sqrt(1.0 / 3.0 / changes));
-                EXPECT_NEAR(1.0 / 3.0, square / changes, 4.0 * std::sqrt(4.0 / 45.0 / changes));
-            }
-        }
-    }
+double shapeOf(int wave, double x) {
+    return wave == 0   ? std::sin(x)
+           : wave == 1 ? (std::sin(x) > 0.0 ? 1.0 : -1.0)
+           : wave == 2 ? std::asin(std::sin(x)) * 2.0 / kPi
+                       : std::remainder(x, 2.0 * kPi) / kPi;
 }
 
-TEST(Lfo, SpreadsItsOutputsByPlusAndMinusAQuarterTurnAtMost) {
-    for (const float wave : {0.0f, 0.5f, 1.0f}) {
-        for (const float spread : {0.0f, 0.5f, 1.0f}) {
-            SCOPED_TRACE(::testing::Message() << "wave " << wave << ", spread " << spread);
-            Bench rig({{Family::FreqMod, frequencyOfLfo(5.0)},
-                       {Family::WaveMod, wave},
-                       {Family::PhaseMod, spread},
-                       {Family::ActMod, 1.0f}});
-            const Lfo& lfo = rig.engine.lfo;
-            rig.play(silence(1));
-            // From the middle of the cycle the first output stands a quarter behind the master
-            // phase at spread 1: at the trough of a sine or triangle.
-            EXPECT_NEAR(wave == 1.0f ? 0.0 : 1.0 - 2.0 * double(spread), double(lfo.outPos), 0.01);
-            for (int frames = kFrames; frames < 441000; frames += kFrames) {
-                rig.play(silence(kFrames));
-                if (spread == 0.5f) {
-                    ASSERT_EQ(lfo.outPos, lfo.outNeg);
-                } else if (wave < 1.0f) {
-                    const double slope = wave == 0.0f ? 1.0 : 2.0 / kPi;
-                    ASSERT_NEAR(-double(lfo.outPos), double(lfo.outNeg),
-                                (wave == 0.0f ? 2.0 * kPi / 999.0 : 0.0) +
-                                    slope * 2.0 * driftInRadians(5.0, frames));
-                } else {
-                    ASSERT_TRUE(lfo.outPos != lfo.outNeg || lfo.outPos == 0.0f);
+TEST(Lfo, KeepsItsPeriodAndTheSpreadOfItsOutputsOverThreeMinutesOnEveryWave) {
+    for (int turn = 0; turn < 10; ++turn) {
+        const double hz = turn < 5 ? 0.37 : 14.3;
+        const int wave = turn % 5;
+        const float phaseMod = float(turn % 3) / 2.0f;
+        SCOPED_TRACE(::testing::Message() << hz << " Hz, wave " << wave << " spread " << phaseMod);
+        const double spread = (double(phaseMod) - 0.5) * kPi;  // the first output stands behind
+        Bench rig(0, kLowestRate, FreqMod, float(std::log(hz + 1.0) / std::log(16.0)), WaveMod,
+                  float(wave) / 4.0f, PhaseMod, phaseMod, ActMod, 1.0f);
+        const Lfo& lfo = rig.engine.lfo;
+        const int blocks = 180 * 44100 / kFrames;
+        double turns = 0.0, mean = 0.0, square = 0.0, before = -spread;
+        for (int b = 0; b < blocks; ++b) {
+            const float held = lfo.outPos, heldNeg = lfo.outNeg;
+            rig.play(silence(kFrames));
+            const double now = double(lfo.phasePos);
+            const bool wrapped = now < before;
+            before = now;
+            turns += wrapped;
+            const double x = now - double(lfo.step);  // where the last outputs were taken
+            const double drift = 2.0 * driftInRadians(hz, kFrames * (b + 1.0));
+            // The sine's table has 999 steps a cycle; saw and square jump at the ends of theirs.
+            const double step = wave == 0 ? 2.0 * kPi / 999.0 : 1e-6;
+            const double other = x + 2.0 * spread;
+            if (wave == 4) {
+                ASSERT_EQ(wrapped, lfo.outPos != held) << b;
+                ASSERT_EQ(wrapped, lfo.outNeg != heldNeg) << b;
+                mean += wrapped ? double(lfo.outPos) : 0.0;
+                square += wrapped ? double(lfo.outPos) * double(lfo.outPos) : 0.0;
+            } else if (std::fabs(x) < kPi) {
+                ASSERT_NEAR(shapeOf(wave, x), double(lfo.outPos), step) << b;
+                if (wave == 0 || wave == 2 || std::fabs(std::sin(other)) > drift) {
+                    ASSERT_NEAR(shapeOf(wave, other), double(lfo.outNeg), step + drift) << b;
                 }
             }
+            ASSERT_TRUE(phaseMod != 0.5f || lfo.outPos == lfo.outNeg) << b;
+            ASSERT_TRUE(wave != 4 || turns == 0.0 ||
+                        (lfo.outPos == lfo.outNeg) == (phaseMod == 0.5f));
+        }
+        const double frames = double(blocks) * kFrames;
+        EXPECT_NEAR(2.0 * kPi * hz * frames / 44100.0, 2.0 * kPi * turns + before + spread,
+                    driftInRadians(hz, frames));
+        if (wave == 4 && hz > 1.0) {
+            // Variances of x and x squared, uniform from -1 to 1: 1/3 and 4/45.
+            EXPECT_NEAR(0.0, mean / turns, 4.0 * std::sqrt(1.0 / 3.0 / turns));
+            EXPECT_NEAR(1.0 / 3.0, square / turns, 4.0 * std::sqrt(4.0 / 45.0 / turns));
         }
     }
 }
@@ -111,12 +82,8 @@ struct Song : HostClock {
 };
 
 TEST(Lfo, StandsWhereTheSongStandsAndRunsFreeWhileItStops) {
-    Bench rig({{Family::NumMod, 0.5f},
-               {Family::DenomMod, 3.0f / 12.0f},
-               {Family::PhaseMod, 0.6f},
-               {Family::ActMod, 1.0f},
-               {Family::NoteModeLfo, 1.0f},
-               {Family::SyncMod, 1.0f}});
+    Bench rig(0, kLowestRate, NumMod, 0.5f, DenomMod, 3.0f / 12.0f, PhaseMod, 0.6f, ActMod, 1.0f,
+              NoteModeLfo, 1.0f, SyncMod, 1.0f);
     Song song;
     rig.parameters.connect(nullptr, &song);
     const Lfo& lfo = rig.engine.lfo;
@@ -146,58 +113,43 @@ TEST(Lfo, StandsWhereTheSongStandsAndRunsFreeWhileItStops) {
     }
 }
 
-TEST(Follower, SwingsOverItsRangeAtAnyLevelAndFallsWithASilentSource) {
+TEST(Follower, SwingsOverItsRangeAtAnyLevelAndRestsAtItsBottom) {
     for (const float level : {1.0f, 0.01f}) {
-        for (const float source : {0.0f, 2.0f / 9.0f}) {  // the input; a tap without signal
-            Bench rig({{Family::SourceF, 1.0f},
-                       {Family::DepthFT, 1.0f},
-                       {Family::ActMod, 1.0f},
-                       {Family::SourceEF, source},
-                       {Family::DelayT, 0.9f, 1}});
+        for (const bool silentTap : {false, true}) {
+            Bench rig(0, kLowestRate, SourceF, 1.0f, DepthFT, 1.0f, ActMod, 1.0f);
+            rig.with(0, SourceEF, silentTap ? 2.0f / 9.0f : 0.0f);
+            rig.delay(1, 350000);  // nearly eight seconds until the second tap hears anything
             float low = 1.0f, high = -1.0f;
-            const auto play = [&](const Stereo& in) {
-                rig.play(in);
-                low = std::min(low, rig.engine.follower.out);
-                high = std::max(high, rig.engine.follower.out);
-            };
             for (int i = 0; i < 44100 * 6; i += kFrames) {
-                // Noise, louder and softer by turns of half a second.
-                play(noise(kFrames, uint32_t(i), level * (i / 22050 % 2 ? 0.8f : 0.05f)));
-                low = i < 88200 ? 1.0f : low;
-                high = i < 88200 ? -1.0f : high;
+                // Noise, louder and softer by turns of half a second; two seconds to get used.
+                rig.play(noise(kFrames, uint32_t(i), level * (i / 22050 % 2 ? 0.8f : 0.05f)));
+                low = i < 88200 ? 1.0f : std::min(low, rig.engine.follower.out);
+                high = i < 88200 ? -1.0f : std::max(high, rig.engine.follower.out);
             }
-            printf("F %g %g %g %g\n", double(level), double(source), double(low), double(high));
-            EXPECT_LE(low, -0.9f);
-            EXPECT_TRUE(source == 0.0f ? high >= 0.9f : high == -1.0f) << high;
-            rig.play(silence(44100));
-            high = -1.0f;
-            for (int i = 0; i < 44100 * 30; i += 44100) {
-                play(silence(44100));
-            }
-            EXPECT_EQ(-1.0f, high);
+            EXPECT_LE(low, -0.9f) << level;
+            EXPECT_TRUE(silentTap ? high == -1.0f : high >= 0.9f) << level << " " << high;
         }
     }
+}
+
+TEST(Follower, ComesToRestAtItsBottomWhenItsSourceFallsSilent) {
+    Bench rig(0, kLowestRate, SourceF, 1.0f, DepthFT, 1.0f, ActMod, 1.0f);
+    rig.play(noise(44100, 1, 0.5f));
+    rig.play(silence(44100 * 30));  // 45 time constants of the slow measure
+    EXPECT_EQ(-1.0f, rig.engine.follower.out);
+    EXPECT_EQ(0.0f, rig.engine.follower.mean);
+    EXPECT_EQ(0.0f, rig.engine.follower.dev);
 }
 
 TEST(Modulation, LeavesEveryFilterAtItsKnobWhileItIsOff) {
     Stereo sound[3];
     for (const int depth : {0, 1, 2}) {  // none; both, but off; both
-        Bench rig({{Family::WaveMod, 0.5f},
-                   {Family::FreqMod, 0.9f},
-                   {Family::SelectFB, 0.125f},
-                   {Family::GainFB, 0.5f},
-                   {Family::ActiveFB, 1.0f},
-                   {Family::ActFltFB, 1.0f},
-                   {Family::DepthFB, depth ? 1.0f : 0.5f},
-                   {Family::ActMod, depth == 2 ? 1.0f : 0.0f}},
-                  50);
+        Bench rig(50, kLowestRate, WaveMod, 0.5f, FreqMod, 0.9f, SelectFB, 0.125f, GainFB, 0.5f,
+                  ActiveFB, 1.0f, ActFltFB, 1.0f, DepthFB, depth ? 1.0f : 0.5f, ActMod,
+                  depth == 2 ? 1.0f : 0.0f);
         for (int t = 0; t < kTaps; ++t) {
-            rig.with({{Family::ActTap, 1.0f, t},
-                      {Family::ActFltT, 1.0f, t},
-                      {Family::FreqFT, float(t + 1) / 9.0f, t},
-                      {Family::ResoFT, 0.8f, t},
-                      {Family::SourceF, float(t) / 7.0f, t},
-                      {Family::DepthFT, depth ? 0.1f : 0.5f, t}});
+            rig.with(t, ActTap, 1.0f, ActFltT, 1.0f, FreqFT, float(t + 1) / 9.0f, ResoFT, 0.8f);
+            rig.with(t, SourceF, float(t) / 7.0f, DepthFT, depth ? 0.1f : 0.5f);
         }
         sound[depth] = rig.play(noise(44100, 6));
         for (size_t t = 0; t < kTaps && depth < 2; ++t) {

@@ -6,13 +6,8 @@ namespace {
 /// The reverb alone, across the output.
 struct ReverbBench : Bench {
     ReverbBench(bool plate, float damping, float rate = kLowestRate)
-        : Bench({{Family::Mix, 0.0f},
-                 {Family::TypeRev, plate ? 1.0f : 0.0f},
-                 {Family::DampRev, damping},
-                 {Family::AmtRev, 1.0f},
-                 {Family::ModeRev, 1.0f},
-                 {Family::ActRev, 1.0f}},
-                0, rate) {}
+        : Bench(0, rate, Mix, 0.0f, TypeRev, plate ? 1.0f : 0.0f, DampRev, damping, AmtRev, 1.0f,
+                ModeRev, 1.0f, ActRev, 1.0f) {}
     /// Plays one sample of level 1 with neither damping nor band filter, all echoes in single
     /// samples.
     Stereo bareResponse(float ownDecay, float otherDecay, size_t frames) {
@@ -137,13 +132,10 @@ TEST(Reverb, DecaysAsItsLoopGainSaysAndLongerTheHigherTheDamping) {
 
 TEST(Reverb, PassesSendsAndMixUnchangedAtAmountZero) {
     for (const float across : {0.0f, 1.0f}) {
-        const std::initializer_list<Value> mix{{Family::Mix, 0.5f}, {Family::GainT, 0.3f}};
-        Bench without(mix, 50), rig(mix, 50);
-        rig.with({{Family::RevTap, 0.7f},
-                  {Family::ActRevT, 1.0f},
-                  {Family::AmtRev, 0.0f},
-                  {Family::ModeRev, across},
-                  {Family::ActRev, 1.0f}});
+        Bench without(50, kLowestRate, GainT, 0.3f), rig(50, kLowestRate, GainT, 0.3f);
+        without.set(Mix, 0.5f);
+        rig.set(Mix, 0.5f);
+        rig.with(0, RevTap, 0.7f, ActRevT, 1.0f, AmtRev, 0.0f, ModeRev, across, ActRev, 1.0f);
         const Stereo in = noise(5000, 1);
         const Stereo expected = without.play(in), out = rig.play(in);
         for (size_t i = 0; i < in.size(); ++i) {
@@ -182,13 +174,13 @@ TEST(Reverb, KeepsItsTailWhileOffAndItsLinesOverAChangeOfType) {
         for (ReverbBench* r : {&steady, &rig}) {
             r->play(noise(20480, 4));
         }
-        rig.set(Family::ActRev, 0.0f);
+        rig.set(ActRev, 0.0f);
         EXPECT_EQ(0.0f, peak(rig.left(silence(51200))));
-        rig.set(Family::ActRev, 1.0f);
+        rig.set(ActRev, 1.0f);
         const Stereo expected = steady.play(silence(51200));
         EXPECT_LT(0.01f, peak(expected.left));
         EXPECT_TRUE(sameSound(expected, rig.play(silence(51200))));
-        rig.set(Family::TypeRev, plate ? 0.0f : 1.0f);
+        rig.set(TypeRev, plate ? 0.0f : 1.0f);
         const std::vector<float> lines(rig.engine.reverb.allpass[0].data(),
                                        rig.engine.reverb.allpass[0].data() + 32767);
         rig.play(silence(1));  // this frame is written at the end
