@@ -1,0 +1,194 @@
+#include "processors/Bench.h"
+
+namespace tessel8::testing {
+namespace {
+
+/// The reverb alone, across the output.
+struct ReverbBench : Bench {
+    ReverbBench(bool plate, float damping, float rate = kLowestRate)
+        : Bench(0, rate, Mix, 0.0f, TypeRev, plate ? 1.0f : 0.0f, DampRev, damping, AmtRev, 1.0f,
+                ModeRev, 1.0f, ActRev, 1.0f) {}
+    /// Plays one sample of level 1 with neither damping nor band filter, all echoes in single
+    /// samples.
+    Stereo bareResponse(float ownDecay, float otherDecay, size_t frames) {
+        play(silence(1));
+        engine.reverb.decayA = ownDecay;
+        engine.reverb.decayB = otherDecay;
+        engine.reverb.dampCoef = 1.0f;
+        engine.reverb.band = {.b0 = 1.0f};
+        return play(impulse(frames, 1.0f, 0.0f));
+    }
+};
+
+const float kRates[] = {44100.0f, 48000.0f, 96000.0f, 192000.0f};
+
+TEST(Plate, HasTheLengthsOfItsTable) {
+    for (const float rate : kRates) {
+        SCOPED_TRACE(rate);
+        const auto samples = [=](double units) {
+            return size_t(std::ceil(units * double(rate) * 44.1 * 5.0 / 1445024640.0));
+        };
+        size_t line[6], diffuser[4], first = 0;
+        for (size_t k = 0; k < 6; ++k) {
+            line[k] = samples(0.5 * std::array{3182331.25, 2662541.5, 3295698.5, 2506079.0,
+                                               3064032.25, 2924268.0}[k]);
+        }
+        for (size_t k = 0; k < 4; ++k) {
+            diffuser[k] =
+                samples(0.75 * std::array{417287.72, 156341.19, 304978.84, 117807.195}[k]);
+            first += diffuser[k];
+        }
+        // With diffusers that only delay, a line gives 1 - 0.7 * 0.7 and, a turn later, 0.7 of
+        // that, the even ones negative; the diffusers' lengths are taps of four lines, too.
+        ReverbBench rig(true, 0.5f, rate);
+        const Stereo out = rig.bareResponse(1.0f, 0.0f, first + line[0] + diffuser[0] + 1);
+        const double level = 0.3 * 0.51;
+        std::vector<double> left(out.size()), right(out.size());
+        const auto echo = [&](std::vector<double>& side, size_t at, size_t k) {
+            side[at] = level;
+            side.at(std::min(at + line[k], out.size() - 1)) = k % 2 ? 0.7 * level : -0.7 * level;
+        };
+        echo(left, first, 4);
+        echo(left, first + diffuser[2], 3);
+        echo(left, first + diffuser[0], 0);
+        echo(right, first, 5);
+        echo(right, first + diffuser[3], 2);
+        echo(right, first + diffuser[1], 1);
+        for (size_t i = 0; i < out.size(); ++i) {
+            ASSERT_NEAR(left[i], double(out.left[i]), 10.0 * kUnit) << "left " << i;
+            ASSERT_NEAR(right[i], double(out.right[i]), 10.0 * kUnit) << "right " << i;
+        }
+    }
+}
+
+TEST(Spring, HasTheLengthsOfItsTable) {
+    for (const float rate : kRates) {
+        const auto samples = [=](double units) {
+            return size_t(std::ceil(units * double(rate) / 303187.5));
+        };
+        ReverbBench rig(false, 0.5f, rate);
+        const Stereo out = rig.bareResponse(1.0f, 1.0f, size_t(rate));
+        struct Pair {
+            const std::vector<float>& side;
+            double line, allpass, diffusers[2], decay;
+        };
+        for (const Pair& p : {Pair{out.left, 32767.0, 515.4479, {2606.0168, 2129.1135}, 1.0},
+                              {out.right, 39513.066, 427.44635, {2568.4248, 2160.0713}, 0.975},
+                              {out.left, 47647.92, 389.2502, {2606.0168, 2129.1135}, 0.95}}) {
+            SCOPED_TRACE(::testing::Message() << rate << " line " << p.line);
+            const size_t line = samples(p.line / 2.0), allpass = samples(p.allpass);
+            const auto at = [&](size_t i) { return double(p.side[i]) / double(p.side[line]); };
+            // Allpasses of 0.7071; a turn later line and allpass of the pair's second half come to
+            // those of the first. Other echoes that fall on the same sample make less than 0.3, a
+            // missing half 0.5 and more.
+            EXPECT_NEAR(0.0, at(line - 1), 1e-12);
+            for (const size_t echo : {allpass, samples(p.diffusers[0]), samples(p.diffusers[1])}) {
+                EXPECT_NEAR(-0.7071, at(line + echo), 0.3) << echo;
+            }
+            EXPECT_NEAR(-2.0 * 0.7071 * p.decay, at(2 * line), 0.3);
+            EXPECT_NEAR(2.0 * p.decay, at(2 * line + allpass), 0.3);
+        }
+    }
+}
+
+TEST(Reverb, DecaysAsItsLoopGainSaysAndLongerTheHigherTheDamping) {
+    for (const bool plate : {false, true}) {
+        double last = 1e9;
+        for (const double d : {0.0, 0.25, 0.5, 0.75, 1.0}) {
+            SCOPED_TRACE(::testing::Message() << (plate ? "plate " : "spring ") << d);
+            const double h = std::pow(0.5, 0.01 * std::pow(100.0, 1.0 - d));
+            const double f = 0.7 * h * std::sqrt(0.56), g = 0.3 * h * std::sqrt(0.56);
+            // Of all loops the slowest and the fastest: a turn's gain in dB and its frames. A
+            // spring's allpass takes up to (1 + c) / (1 - c) times its length.
+            const auto rate = [](double gain, double frames) {
+                return -20.0 * std::log10(gain) * 44100.0 / frames;
+            };
+            const auto pair = [&](double k) { return k * f + std::sqrt(k * f * g); };
+            const double slow =
+                plate ? rate(0.7 * h, 11089.0) : rate(pair(0.95), 3465.0 + 5.83 * 57.0);
+            const double fast = plate ? rate(0.7 * h, 8432.0) : rate(pair(1.0), 2383.0);
+            // Noise below 200 Hz, where the damping filters still pass. Fifty decibels a window;
+            // its edges may hold one turn of a loop more or less.
+            ReverbBench rig(plate, float(d));
+            const auto window = size_t(50.0 / std::sqrt(slow * fast) * 44100.0);
+            Stereo burst = noise(4410, 2);
+            for (size_t i = 1; i < burst.size(); ++i) {
+                burst.left[i] = 0.97f * burst.left[i - 1] + 0.03f * burst.left[i];
+            }
+            burst.right = burst.left;
+            rig.play(burst);
+            rig.play(silence(window));
+            const double before = energy(rig.left(silence(window)));
+            const double after = energy(rig.left(silence(window)));
+            const double measured = 10.0 * std::log10(before / after) * 44100.0 / double(window);
+            const double turn = rate(plate ? 0.7 * h : pair(1.0), double(window));
+            EXPECT_LE(slow - turn, measured);
+            EXPECT_GE(fast + turn, measured);
+            EXPECT_LT(measured, last);
+            last = measured;
+        }
+    }
+}
+
+TEST(Reverb, PassesSendsAndMixUnchangedAtAmountZero) {
+    for (const float across : {0.0f, 1.0f}) {
+        Bench without(50, kLowestRate, GainT, 0.3f), rig(50, kLowestRate, GainT, 0.3f);
+        without.set(Mix, 0.5f);
+        rig.set(Mix, 0.5f);
+        rig.with(0, RevTap, 0.7f, ActRevT, 1.0f, AmtRev, 0.0f, ModeRev, across, ActRev, 1.0f);
+        const Stereo in = noise(5000, 1);
+        const Stereo expected = without.play(in), out = rig.play(in);
+        for (size_t i = 0; i < in.size(); ++i) {
+            // Send and rest of a tap are rounded before they meet again; across the output only
+            // the offset of 1e-18 is added.
+            const double bound = across == 0.0f ? 4.0 * kUnit : 2e-18;
+            ASSERT_NEAR(double(expected.right[i]), double(out.right[i]), bound) << i;
+        }
+    }
+}
+
+TEST(Reverb, NeitherGrowsUnderAMinuteOfNoiseNorInItsTail) {
+    for (const bool plate : {false, true}) {
+        for (const float damping : {0.0f, 0.4f, 0.8f, 1.0f}) {
+            ReverbBench rig(plate, damping);
+            const Stereo in = noise(10 * 44100, 9);
+            double last = 0.0;
+            for (int part = 0; part < 6; ++part) {
+                const double now = energy(rig.left(in));
+                // The same noise again: what differs is the tail of what came before.
+                EXPECT_TRUE(part < 2 || now < last * 1.01) << plate << damping << " " << now / last;
+                last = now;
+            }
+            for (int second = 0; second < 5; ++second) {
+                const double now = energy(rig.left(silence(44100)));
+                EXPECT_LT(now, std::max(last, 1e-20)) << plate << " " << damping;
+                last = now;
+            }
+        }
+    }
+}
+
+TEST(Reverb, KeepsItsTailWhileOffAndItsLinesOverAChangeOfType) {
+    for (const bool plate : {false, true}) {
+        ReverbBench steady(plate, 0.9f), rig(plate, 0.9f);
+        for (ReverbBench* r : {&steady, &rig}) {
+            r->play(noise(20480, 4));
+        }
+        rig.set(ActRev, 0.0f);
+        EXPECT_EQ(0.0f, peak(rig.left(silence(51200))));
+        rig.set(ActRev, 1.0f);
+        const Stereo expected = steady.play(silence(51200));
+        EXPECT_LT(0.01f, peak(expected.left));
+        EXPECT_TRUE(sameSound(expected, rig.play(silence(51200))));
+        rig.set(TypeRev, plate ? 0.0f : 1.0f);
+        const std::vector<float> lines(rig.engine.reverb.allpass[0].data(),
+                                       rig.engine.reverb.allpass[0].data() + 32767);
+        rig.play(silence(1));  // this frame is written at the end
+        EXPECT_TRUE(sameSamples(lines, {rig.engine.reverb.allpass[0].data(),
+                                        rig.engine.reverb.allpass[0].data() + 32767}));
+        EXPECT_LT(1e-4f, peak(rig.left(silence(20000))));
+    }
+}
+
+}  // namespace
+}  // namespace tessel8::testing
