@@ -42,6 +42,8 @@ TESSEL8_INLINE Pack<4> stereo(float left, float right) {
 struct StateVariableChain {
     using P = Pack<4>;
     static constexpr int kPasses = 5;
+    /// Far above anything the filter gives while it filters.
+    static constexpr float kStateLimit = 1.0e9f;
     Engine& e;
     Row* signal;
     const Row& tuning;   ///< f
@@ -78,6 +80,13 @@ struct StateVariableChain {
             const P out = select(takesLow, low, select(takesBand, band, high));
             sum = pass == 0 ? out : (sum + out) / P::all(2.0f);
         }
+        // The cube in the band's law has no way back from an overflow: a channel that gets there
+        // starts again from silence.
+        const P nothing = P::all(0.0f);
+        const Mask<4> sane = abs(band) + abs(low) < P::all(kStateLimit);
+        band = select(sane, band, nothing);
+        low = select(sane, low, nothing);
+        sum = select(sane, sum, nothing);
         signal[0][i] = sum.part[0][0];
         signal[1][i] = sum.part[0][1];
     }

@@ -121,6 +121,13 @@ TESSEL8_INLINE float flushed(float x) {
     return x + 1.0e-5f - 1.0e-5f;
 }
 
+/// The flush leaves a level standing once its step is too small to count. In silence that level
+/// is over.
+TESSEL8_INLINE float rested(float level, float previous, float input) {
+    constexpr float kSilence = 1.0e-9f;
+    return level == previous && input < kSilence ? 0.0f : level;
+}
+
 /// Where the fast level stands within the recent range, 0 to 1, by two parabolas that meet at
 /// the mean.
 TESSEL8_INLINE float followerPosition(const float* squares, float mean, float dev, float fast) {
@@ -164,7 +171,7 @@ struct FollowerChain {
 
     TESSEL8_INLINE void step(int i) {
         const float a = (__builtin_fabsf(left[i]) + __builtin_fabsf(right[i])) / 2.0f;
-        mean = flushed(mean + (a - mean) * slow);
+        mean = rested(flushed(mean + (a - mean) * slow), mean, a);
         const float distance = __builtin_fabsf(a - dev);
         const float d = distance < 1.0f ? distance : 1.0f;
         dev = flushed(dev + (d - dev) * slow);
@@ -175,7 +182,7 @@ struct FollowerChain {
         if (__builtin_expect(mean - dev < 0.0f, 0)) {
             dev = mean;
         }
-        fast = flushed(fast + (a - fast) * quick);
+        fast = rested(flushed(fast + (a - fast) * quick), fast, a);
         if (rows.followerHeard) {
             out = (followerPosition(e.squareTable.data(), mean, dev, fast) - 0.5f) * 2.0f;
             rows.follower[i] = out;

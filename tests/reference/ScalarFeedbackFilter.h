@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "reference/ScalarBiquad.h"
 
 namespace tessel8::reference {
@@ -22,6 +24,9 @@ struct ScalarStateVariable {
                               : output == FbFilterType::SvfBand ? band
                                                                 : high;
             sum = pass == 1 ? out : (sum + out) / 2.0f;
+        }
+        if (!(std::fabs(band) + std::fabs(low) < 1e9f)) {
+            band = low = sum = 0.0f;  // out of all bounds: start again
         }
         return sum;
     }

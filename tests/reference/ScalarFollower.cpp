@@ -15,13 +15,19 @@ float flushed(float x) {
     return up - 1e-5f;
 }
 
+/// One step towards `target`. In silence a level that no longer moves is at its end.
+float moved(float level, float target, float coefficient) {
+    const float next = flushed(level + (target - level) * coefficient);
+    return target < 1e-9f && next == level ? 0.0f : next;
+}
+
 }  // namespace
 
 void ScalarFollower::advance(const Engine& e, float left, float right) {
     const float fastCoef = e.follower.fastCoef;
     const float slowCoef = e.follower.slowCoef;
     const float a = (std::fabs(left) + std::fabs(right)) / 2.0f;
-    mean = flushed(mean + (a - mean) * slowCoef);
+    mean = moved(mean, a, slowCoef);
     const float d = smaller(std::fabs(a - dev), 1.0f);
     dev = flushed(dev + (d - dev) * slowCoef);
     if (mean + dev > 1.0f) {
@@ -33,7 +39,7 @@ void ScalarFollower::advance(const Engine& e, float left, float right) {
     const float low = mean - dev;
     const float high = mean + dev;
     const float norm = 0.5f / lookUp(e.squareTable, dev * kSquareScale);
-    fast = flushed(fast + (a - fast) * fastCoef);
+    fast = moved(fast, a, fastCoef);
     float position;
     if (dev == 0.0f) {
         position = fast > mean ? 1.0f : 0.0f;
