@@ -1,7 +1,8 @@
 #pragma once
 
 // What a block has to compute: a tap that nobody hears is not read, and a stretch is as long as
-// the delays that are heard allow.
+// the delays that are heard allow. The plan is made once, so that a switch which is turned while
+// the block runs cannot leave one stage expecting what another did not make.
 
 #include <algorithm>
 #include <cstdint>
@@ -13,16 +14,19 @@ namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
 struct BlockPlan {
-    uint32_t read = 0;          ///< taps whose lines are read, one bit a tap
-    uint32_t bus = 0;           ///< taps that give something to the master feedback's bus
-    uint32_t zeroDelay = 0;     ///< read taps that hear what their lines get in the same frame
-    uint32_t own = 0;           ///< taps that feed their own lines
-    bool busAfterTaps = false;  ///< the bus needs the taps' outputs of the same stretch
-    bool postUsed = false;      ///< somebody needs the taps' feedback from behind them
+    uint32_t read = 0;       ///< taps whose lines are read, one bit a tap
+    uint32_t bus = 0;        ///< taps that give something to the master feedback's bus
+    uint32_t zeroDelay = 0;  ///< read taps that hear what their lines get in the same frame
+    uint32_t own = 0;        ///< taps that feed their own lines
+    uint32_t ownAfter = 0;   ///< those that do it from behind themselves
+    uint32_t busAfter = 0;   ///< taps that give to the bus from behind themselves
+    uint32_t filtered = 0;   ///< taps whose filter is on
+    bool postUsed = false;   ///< somebody needs the taps' feedback from behind them
+    bool busWaits = false;   ///< the bus needs the taps' outputs of the same stretch
     bool singleFrames = false;
     bool masterFb = false;
     int selectedTap = 0;
-    bool modulation = false;
+    LfoWave wave = LfoWave::Off;
     bool followerHeard = false;  ///< a filter takes something of the follower
     int32_t followerSource = Follower::kMasterIn;
 
@@ -33,7 +37,7 @@ struct BlockPlan {
         plan.selectedTap = std::clamp(e.selectedTap, 0, kTaps - 1);
         const bool busHeard = plan.masterFb && e.fbInputSrc == FeedbackInput::Bus;
         plan.followerSource = e.follower.source;
-        plan.modulation = e.lfo.wave != LfoWave::Off;
+        plan.wave = e.lfo.wave;
         bool followed = plan.masterFb && e.fbEfAmount != 0.0f;
         for (int t = 0; t < kTaps; ++t) {
             const uint32_t bit = 1u << t;
@@ -42,17 +46,18 @@ struct BlockPlan {
             const bool inLoop = t < Lanes;
             if (busHeard && sent) {
                 plan.bus |= bit;
-                plan.busAfterTaps |= inLoop && e.busFbSrc[t] == FeedbackSource::AfterTap;
+                plan.busAfter |= e.busFbSrc[t] == FeedbackSource::AfterTap ? bit : 0;
             }
             // A feedback amount that has just become zero leaves one sample behind.
             const bool feeds = inLoop && e.tapFbSrc[t] != FeedbackSource::None &&
                                (sent || e.postFbL[lane] != 0.0f || e.postFbR[lane] != 0.0f);
             plan.own |= feeds ? bit : 0;
-            plan.postUsed |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap;
+            plan.ownAfter |= feeds && e.tapFbSrc[t] == FeedbackSource::AfterTap ? bit : 0;
+            plan.filtered |= inLoop && e.tapFilterOn[lane] != 0.0f ? bit : 0;
             const bool selected = plan.masterFb && !busHeard && t == plan.selectedTap;
             followed |= inLoop && e.tapEfAmount[lane] != 0.0f;
             // A filter goes on filtering while its tap is off.
-            const bool sounds = e.tapGate[lane] != 0.0f || e.tapFilterOn[lane] != 0.0f;
+            const bool sounds = e.tapGate[lane] != 0.0f || plan.isFiltered(t);
             const bool heard =
                 inLoop && (GateAtInput || sounds || feeds || plan.followerSource == t + 1);
             if (heard || selected || (plan.bus & bit)) {
@@ -60,8 +65,9 @@ struct BlockPlan {
                 plan.zeroDelay |= e.readDelay[t] == 0 ? bit : 0;
             }
         }
-        plan.postUsed |= plan.busAfterTaps;
-        plan.followerHeard = plan.modulation && followed;
+        plan.busWaits = (plan.busAfter & ((1u << Lanes) - 1u)) != 0;
+        plan.postUsed = plan.busWaits || plan.ownAfter != 0;
+        plan.followerHeard = plan.wave != LfoWave::Off && followed;
         plan.singleFrames =
             (plan.postUsed && plan.zeroDelay != 0) || (plan.followerHeard && plan.followerWaits());
         return plan;
@@ -76,6 +82,7 @@ struct BlockPlan {
         return followerSource == Follower::kMasterOut || followsZeroDelay();
     }
 
+    bool isFiltered(int tap) const { return filtered >> tap & 1u; }
     bool feedsItself(int tap) const { return own >> tap & 1u; }
     bool reads(int tap) const { return read >> tap & 1u; }
     bool readsAtZero(int tap) const { return zeroDelay >> tap & 1u; }

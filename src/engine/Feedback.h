@@ -35,7 +35,7 @@ void readBus(const Engine& e, const BlockPlan& plan, int channel, const Workspac
         if (!(plan.bus >> t & 1u)) {
             continue;
         }
-        if (e.busFbSrc[t] == FeedbackSource::AfterTap) {
+        if (plan.busAfter >> t & 1u) {
             for (int i = 1; i < w.frames; ++i) {
                 to[i] += t < Lanes ? w.post[channel][t][i - 1] : post[size_t(t)];
             }
@@ -119,7 +119,7 @@ void writeLines(Engine& e, const BlockPlan& plan, Workspace<Lanes>& w) {
                 continue;
             }
             Row row;
-            if (e.tapFbSrc[t] == FeedbackSource::AfterTap) {
+            if (plan.ownAfter >> t & 1u) {
                 w.post[c][t].setPrevious(c == 0 ? e.postFbL[lane] : e.postFbR[lane]);
                 inPacks(w.frames, [&](int i) { row.set(i, base.at(i) + w.post[c][t].before(i)); });
             } else {

@@ -12,6 +12,7 @@ inline namespace TESSEL8_ISA {
 
 /// What the filters get of LFO and follower, -1 to 1 each.
 struct ModulationRows {
+    LfoWave wave = LfoWave::Off;
     bool off = true;  ///< all zero; the rows are not filled
     bool followerHeard = false;
     Row lfoPositive, lfoNegative, follower;
@@ -74,7 +75,9 @@ struct LfoChain {
     ModulationRows& rows;
     Lfo lfo;
 
-    LfoChain(Engine& engine, ModulationRows& to) : e(engine), rows(to), lfo(engine.lfo) {}
+    LfoChain(Engine& engine, ModulationRows& to) : e(engine), rows(to), lfo(engine.lfo) {
+        lfo.wave = rows.wave;
+    }
 
     TESSEL8_INLINE void step(int i) {
         if (lfo.wave == LfoWave::Random) {
@@ -103,8 +106,8 @@ struct LfoChain {
 
 /// Turns the rows' phases into the LFO's outputs.
 inline void shapeLfo(Engine& e, int frames, ModulationRows& rows) {
-    const LfoWave wave = e.lfo.wave;
-    if (rows.off || wave == LfoWave::Off) {
+    const LfoWave wave = rows.wave;
+    if (rows.off) {
         e.lfo.outPos = e.lfo.outNeg = 0.0f;
         return;
     }

@@ -132,13 +132,13 @@ struct StretchRun {
     ModulationRows& mod;
 
     /// Whether the taps need to be lanes: a filter works or a gain moves.
-    static bool needsLanes(const Engine& e, const TapGains<Lanes>& gains) {
-        using P = Pack<Lanes>;
-        return !gains.settled() || anyLane(P::load(e.tapFilterOn.v) != P::all(0.0f));
+    bool needsLanes(const TapGains<Lanes>& gains) const {
+        return plan.filtered != 0 || !gains.settled();
     }
 
     void run() {
-        mod.off = !plan.modulation;
+        mod.wave = plan.wave;
+        mod.off = plan.wave == LfoWave::Off;
         mod.followerHeard = plan.followerHeard;
         const FollowerSource<Lanes> source(e, plan, w);
         const FollowerChain follower(e, source.left, source.right, mod);
@@ -151,7 +151,7 @@ struct StretchRun {
         }
         // A follower that moves no filter may run beside them, or wait for its source.
         inPacks(w.frames, [&](int i) { mod.follower.set(i, RowPack::all(0.0f)); });
-        if (plan.modulation || plan.followerWaits()) {
+        if (!mod.off || plan.followerWaits()) {
             runTogether(w.frames, lfo);
             shapeLfo(e, w.frames, mod);
             if (plan.followerWaits()) {
@@ -178,7 +178,7 @@ struct StretchRun {
                 runTogether(w.frames, FollowerChain(e, source.left, source.right, mod));
             }
             runTaps(chains...);
-        } else if (plan.masterFb && plan.busAfterTaps) {
+        } else if (plan.masterFb && plan.busWaits) {
             // The bus hears the taps of this stretch.
             runTaps(chains...);
             feedBack();
@@ -204,14 +204,14 @@ struct StretchRun {
     template <typename... Chains>
     void runTaps(const Chains&... chains) {
         TapGains<Lanes> gains(e);
-        const bool lanes = needsLanes(e, gains);
+        const bool lanes = needsLanes(gains);
         keepReads(e, w);
         if (lanes) {
             prepareTapLanes(e, gains, w);
         } else {
             runTapRows<Lanes, GateAtInput>(e, plan, w);
         }
-        withTapFilters(e, mod, w,
+        withTapFilters(e, plan, mod, w,
                        [&](const auto& filters) { runTogether(w.frames, chains..., filters); });
         if (lanes) {
             finishTapLanes<Lanes, GateAtInput>(e, plan, w);

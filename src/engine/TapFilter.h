@@ -4,6 +4,7 @@
 // frame, so that LFO and follower can sweep a filter at full rate; where nothing moves they are
 // worked out once a stretch.
 
+#include "engine/BlockPlan.h"
 #include "engine/Engine.h"
 #include "engine/ModulationStage.h"
 #include "engine/Stretch.h"
@@ -247,7 +248,6 @@ bool findCoefficients(Engine& e, const FrequencySweep<Lanes>& sweep, const TapFi
 template <int Lanes>
 struct TapFilterChain {
     using P = Pack<Lanes>;
-    Engine& e;
     Workspace<Lanes>& w;
     const CoefficientTiles<Lanes>& tiles;
     bool moving;
@@ -255,13 +255,13 @@ struct TapFilterChain {
     BiquadRun<Lanes> left, right;
     Coefficients<Lanes> c;
 
-    TESSEL8_INLINE TapFilterChain(Engine& engine, Workspace<Lanes>& workspace,
+    TESSEL8_INLINE TapFilterChain(Engine& e, Workspace<Lanes>& workspace,
+                                  const Mask<Lanes>& lanesOn,
                                   const CoefficientTiles<Lanes>& coefficients, bool move)
-        : e(engine),
-          w(workspace),
+        : w(workspace),
           tiles(coefficients),
           moving(move),
-          on(P::load(e.tapFilterOn.v) != P::all(0.0f)),
+          on(lanesOn),
           left(e.tapBqL),
           right(e.tapBqR),
           c(tiles.at(0)) {}
@@ -285,20 +285,19 @@ struct TapFilterChain {
 /// Moves the filters' frequencies and gains on and hands the chain that the taps' filters need to
 /// `run`: the filters, or nothing where all are off.
 template <int Lanes, typename Run>
-TESSEL8_INLINE void withTapFilters(Engine& e, const ModulationRows& mod, Workspace<Lanes>& w,
-                                   Run run) {
+TESSEL8_INLINE void withTapFilters(Engine& e, const BlockPlan& plan, const ModulationRows& mod,
+                                   Workspace<Lanes>& w, Run run) {
     const FrequencySweep<Lanes> sweep(e, mod, w.frames);
     TapFilterKind kinds[Lanes];
-    bool any = false;
+    alignas(32) float on[Lanes];
     bool shaped = false;
     for (int t = 0; t < Lanes; ++t) {
-        const bool isOn = e.tapFilterOn[size_t(t)] != 0.0f;
         // A lane whose filter is off goes with the cheapest form.
-        kinds[t] = isOn ? e.tapFltKind[t] : TapFilterKind::LowPass;
-        any |= isOn;
+        kinds[t] = plan.isFiltered(t) ? e.tapFltKind[t] : TapFilterKind::LowPass;
+        on[t] = plan.isFiltered(t) ? 1.0f : 0.0f;
         shaped |= kinds[t] >= TapFilterKind::PeakCut;
     }
-    if (!any) {
+    if (!plan.filtered) {
         glideOnly<Lanes>(e.tapFltGainSmooth.v, e.tapFltGainTarget.v, e.smooth30, w.frames);
         glideOnly<Lanes>(e.tapFltRootSmooth.v, e.tapFltRootTarget.v, e.smooth30, w.frames);
         run(NoChain{});
@@ -307,7 +306,8 @@ TESSEL8_INLINE void withTapFilters(Engine& e, const ModulationRows& mod, Workspa
     CoefficientTiles<Lanes> tiles;
     const bool moving = shaped ? findCoefficients<Lanes, true>(e, sweep, kinds, w.frames, tiles)
                                : findCoefficients<Lanes, false>(e, sweep, kinds, w.frames, tiles);
-    run(TapFilterChain<Lanes>(e, w, tiles, moving));
+    const Mask<Lanes> lanesOn = Pack<Lanes>::load(on) != Pack<Lanes>::all(0.0f);
+    run(TapFilterChain<Lanes>(e, w, lanesOn, tiles, moving));
 }
 
 }  // namespace TESSEL8_ISA
