@@ -67,6 +67,7 @@ bool Engine::hasMemory() const {
 }
 
 void Engine::releaseMemory() {
+    unsettledReads = 0;
     for (auto* rings : {&ringL, &ringR}) {
         std::for_each(rings->begin(), rings->end(), [](DelayRing& ring) { ring.release(); });
     }
@@ -101,6 +102,11 @@ void Engine::resetState() {
 void Engine::endFades() {
     tapFade.fill(1.0f);
     requests.fetch_and(~(0xffu << kFadeRequests), std::memory_order_relaxed);
+}
+
+void Engine::rewind() {
+    settleReads(~0u);
+    writePos = 0;
 }
 
 void Engine::clearRings() {

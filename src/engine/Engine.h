@@ -188,6 +188,8 @@ struct Engine {
     /// Rings, reverb lines, smoothed gains and positions stay.
     void resetState();
     void clearRings();
+    /// Writes go on at the rings' beginning; what they hold stays.
+    void rewind();
     /// All taps at full level, whatever was asked for.
     void endFades();
     /// Silences processors and reverb; the rings keep their signal. Ready afterwards, if there

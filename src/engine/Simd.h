@@ -194,14 +194,14 @@ TESSEL8_INLINE bool anyLane(const Mask<L>& m) {
 
 /// Turns four vectors of four into their transpose: lane j of vector i becomes lane i of vector j.
 TESSEL8_INLINE void transpose(F4& a, F4& b, F4& c, F4& d) {
-    const F4 ab01 = __builtin_shuffle(a, b, I4{0, 4, 1, 5});
-    const F4 ab23 = __builtin_shuffle(a, b, I4{2, 6, 3, 7});
-    const F4 cd01 = __builtin_shuffle(c, d, I4{0, 4, 1, 5});
-    const F4 cd23 = __builtin_shuffle(c, d, I4{2, 6, 3, 7});
-    a = __builtin_shuffle(ab01, cd01, I4{0, 1, 4, 5});
-    b = __builtin_shuffle(ab01, cd01, I4{2, 3, 6, 7});
-    c = __builtin_shuffle(ab23, cd23, I4{0, 1, 4, 5});
-    d = __builtin_shuffle(ab23, cd23, I4{2, 3, 6, 7});
+    const F4 ab01 = __builtin_shufflevector(a, b, 0, 4, 1, 5);
+    const F4 ab23 = __builtin_shufflevector(a, b, 2, 6, 3, 7);
+    const F4 cd01 = __builtin_shufflevector(c, d, 0, 4, 1, 5);
+    const F4 cd23 = __builtin_shufflevector(c, d, 2, 6, 3, 7);
+    a = __builtin_shufflevector(ab01, cd01, 0, 1, 4, 5);
+    b = __builtin_shufflevector(ab01, cd01, 2, 3, 6, 7);
+    c = __builtin_shufflevector(ab23, cd23, 0, 1, 4, 5);
+    d = __builtin_shufflevector(ab23, cd23, 2, 3, 6, 7);
 }
 
 /// Four floats from or to any address.

@@ -59,7 +59,7 @@ void Tessel8::suspend() {
     }
     engine.inProcess = false;
     engineStatus = EngineStatus::Suspended;
-    engine.writePos = 0;
+    engine.rewind();
     resetEngineState();
     engine.clearRings();
     engine.reverb.clearLines();
@@ -70,7 +70,7 @@ void Tessel8::resume() {
     AudioEffectX::resume();
     rateOk = isRateInRange();
     engineStatus = rateOk ? EngineStatus::Ready : EngineStatus::RateRefused;
-    engine.writePos = 0;
+    engine.rewind();
     engine.setSmoothingRate(sampleRate);
     parameters.recalculateForRate();
     if (engine.hasMemory()) {
