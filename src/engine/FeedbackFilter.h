@@ -82,11 +82,13 @@ struct StateVariableChain {
         }
         // The cube in the band's law has no way back from an overflow: a channel that gets there
         // starts again from silence.
-        const P nothing = P::all(0.0f);
         const Mask<4> sane = abs(band) + abs(low) < P::all(kStateLimit);
-        band = select(sane, band, nothing);
-        low = select(sane, low, nothing);
-        sum = select(sane, sum, nothing);
+        if (__builtin_expect(!everyLane(sane), 0)) {
+            const P nothing = P::all(0.0f);
+            band = select(sane, band, nothing);
+            low = select(sane, low, nothing);
+            sum = select(sane, sum, nothing);
+        }
         signal[0][i] = sum.part[0][0];
         signal[1][i] = sum.part[0][1];
     }

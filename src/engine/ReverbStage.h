@@ -39,13 +39,16 @@ inline void writeCircle(AlignedBuffer& line, int32_t position, int32_t mask, int
 /// An allpass on one line: out = read - in * c, write in + out * c.
 inline void allpass(AlignedBuffer& line, int32_t read, int32_t write, int32_t mask, int frames,
                     float c, const Row& in, Row& out) {
+    const RowPack factor = RowPack::all(c);
     Row delayed;
     readCircle(line, read, mask, frames, delayed);
     Row back;
-    for (int i = 0; i < frames; ++i) {
-        out[i] = delayed[i] - in[i] * c;
-        back[i] = in[i] + out[i] * c;
-    }
+    inPacks(frames, [&](int i) {
+        const RowPack x = in.at(i);
+        const RowPack y = delayed.at(i) - x * factor;
+        out.set(i, y);
+        back.set(i, x + y * factor);
+    });
     writeCircle(line, write, mask, frames, back);
 }
 
@@ -94,11 +97,15 @@ inline void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& righ
     }
     Row written[6];
     for (size_t k = 0; k < 6; k += 2) {
-        const float decay = kPairDecay[k / 2];
-        for (int i = 0; i < frames; ++i) {
-            written[k][i] = in[i] + (e[k][i] + e[k + 1][i] * g) * f * decay;
-            written[k + 1][i] = e[k][i] + e[k + 1][i] * f * decay;
-        }
+        const RowPack decay = RowPack::all(kPairDecay[k / 2]);
+        const RowPack across = RowPack::all(g);
+        const RowPack around = RowPack::all(f);
+        inPacks(frames, [&](int i) {
+            const RowPack first = e[k].at(i);
+            const RowPack second = e[k + 1].at(i);
+            written[k].set(i, in.at(i) + (first + second * across) * around * decay);
+            written[k + 1].set(i, first + second * around * decay);
+        });
     }
     for (size_t k = 0; k < 6; ++k) {
         writeCircle(r.line[k], r.lineWrite, mask, frames, written[k]);
@@ -107,10 +114,10 @@ inline void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& righ
     Row line3;
     readCircle(r.line[1], r.lineRead[1], mask, frames, line1);
     readCircle(r.line[3], r.lineRead[1], mask, frames, line3);
-    for (int i = 0; i < frames; ++i) {
-        left[i] = written[1][i] + line3[i] + written[5][i];
-        right[i] = line1[i] + written[3][i] + written[5][i];
-    }
+    inPacks(frames, [&](int i) {
+        left.set(i, written[1].at(i) + line3.at(i) + written[5].at(i));
+        right.set(i, line1.at(i) + written[3].at(i) + written[5].at(i));
+    });
     Row between;
     allpass(r.diffuser[0], r.diffRead[0], r.apWrite, mask, frames, kAllpass, left, between);
     allpass(r.diffuser[2], r.diffRead[2], r.apWrite, mask, frames, kAllpass, between, left);
@@ -120,7 +127,7 @@ inline void runSpring(Reverb& r, int frames, const Row& in, Row& left, Row& righ
 
 /// Plate: four diffusers in a row feed six damped lines.
 inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right) {
-    constexpr float kSpread = 0.7f;
+    const RowPack spread = RowPack::all(0.7f);
     const float f = r.decayA;
     const float g = r.decayB;
     const float d = r.dampCoef;
@@ -128,15 +135,16 @@ inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right
     Row p = in;
     for (size_t k = 0; k < 4; ++k) {
         // The diffusers alternate in sign.
-        const float sign = k % 2 == 0 ? 1.0f : -1.0f;
+        const RowPack sign = RowPack::all(k % 2 == 0 ? 1.0f : -1.0f);
         Row delayed;
         readCircle(r.diffuser[k], r.diffRead[k], mask, frames, delayed);
         Row back;
-        for (int i = 0; i < frames; ++i) {
-            const float out = delayed[i] - sign * (p[i] * kSpread * g);
-            back[i] = p[i] + sign * (out * kSpread * g);
-            p[i] = out;
-        }
+        inPacks(frames, [&](int i) {
+            const RowPack x = p.at(i);
+            const RowPack out = delayed.at(i) - sign * (x * spread * RowPack::all(g));
+            back.set(i, x + sign * (out * spread * RowPack::all(g)));
+            p.set(i, out);
+        });
         writeCircle(r.diffuser[k], r.apWrite, mask, frames, back);
     }
     Row lines[6];
@@ -155,11 +163,13 @@ inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right
     }
     for (size_t k = 0; k < 6; ++k) {
         r.damp[k] = damp[k];
-        for (int i = 0; i < frames; ++i) {
-            const float q = p[i] * kSpread * f;
-            lines[k][i] = k % 2 == 0 ? p[i] - (lines[k][i] + q) * kSpread * f
-                                     : p[i] + (lines[k][i] - q) * kSpread * f;
-        }
+        inPacks(frames, [&](int i) {
+            const RowPack x = p.at(i);
+            const RowPack line = lines[k].at(i);
+            const RowPack q = x * spread * RowPack::all(f);
+            lines[k].set(i, k % 2 == 0 ? x - (line + q) * spread * RowPack::all(f)
+                                       : x + (line - q) * spread * RowPack::all(f));
+        });
         writeCircle(r.allpass[k], r.apWrite, mask, frames, lines[k]);
     }
     // The diffusers' distances serve as output taps of the lines, too.
@@ -168,10 +178,10 @@ inline void runPlate(Reverb& r, int frames, const Row& in, Row& left, Row& right
     readCircle(r.allpass[1], r.diffRead[1], mask, frames, a1);
     readCircle(r.allpass[2], r.diffRead[3], mask, frames, a2);
     readCircle(r.allpass[3], r.diffRead[2], mask, frames, a3);
-    for (int i = 0; i < frames; ++i) {
-        left[i] = a0[i] + a3[i] + lines[4][i];
-        right[i] = a1[i] + a2[i] + lines[5][i];
-    }
+    inPacks(frames, [&](int i) {
+        left.set(i, a0.at(i) + a3.at(i) + lines[4].at(i));
+        right.set(i, a1.at(i) + a2.at(i) + lines[5].at(i));
+    });
 }
 
 inline void advanceReverb(Reverb& r, int frames) {
@@ -195,11 +205,11 @@ inline void runReverb(Reverb& r, int frames, const Row& flip, Row& left, Row& ri
     constexpr float kSpringReturn = 0.1625f;
     constexpr float kPlateReturn = 0.3f;
     Row in;
-    for (int i = 0; i < frames; ++i) {
-        left[i] += flip[i];
-        right[i] += flip[i];
-        in[i] = left[i] + right[i];
-    }
+    inPacks(frames, [&](int i) {
+        left.set(i, left.at(i) + flip.at(i));
+        right.set(i, right.at(i) + flip.at(i));
+        in.set(i, left.at(i) + right.at(i));
+    });
     Row outL;
     Row outR;
     if (r.plate) {
@@ -208,12 +218,12 @@ inline void runReverb(Reverb& r, int frames, const Row& flip, Row& left, Row& ri
         runSpring(r, frames, in, outL, outR);
     }
     bandPass(r.band, frames, flip, outL, outR);
-    const float gain = r.plate ? kPlateReturn : kSpringReturn;
-    const float amount = r.amount;
-    for (int i = 0; i < frames; ++i) {
-        left[i] += (outL[i] * gain - left[i]) * amount;
-        right[i] += (outR[i] * gain - right[i]) * amount;
-    }
+    const RowPack gain = RowPack::all(r.plate ? kPlateReturn : kSpringReturn);
+    const RowPack amount = RowPack::all(r.amount);
+    inPacks(frames, [&](int i) {
+        left.set(i, left.at(i) + (outL.at(i) * gain - left.at(i)) * amount);
+        right.set(i, right.at(i) + (outR.at(i) * gain - right.at(i)) * amount);
+    });
     advanceReverb(r, frames);
 }
 

@@ -192,6 +192,15 @@ TESSEL8_INLINE bool anyLane(const Mask<L>& m) {
     return bits != 0;
 }
 
+template <int L>
+TESSEL8_INLINE bool everyLane(const Mask<L>& m) {
+    Mask<L> others;
+    for (int i = 0; i < Mask<L>::kCount; ++i) {
+        others.part[i] = ~m.part[i];
+    }
+    return !anyLane(others);
+}
+
 /// Turns four vectors of four into their transpose: lane j of vector i becomes lane i of vector j.
 TESSEL8_INLINE void transpose(F4& a, F4& b, F4& c, F4& d) {
     const F4 ab01 = __builtin_shufflevector(a, b, 0, 4, 1, 5);
