@@ -61,7 +61,7 @@ class Bench {
 void measure(benchmark::State& state, const Scenario& scenario, float rate, int32_t block,
              InstructionSet set) {
     const auto bench = std::make_unique<Bench>(scenario, rate, block, set);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         bench->run();
     }
     const auto perSecond = benchmark::Counter::kIsIterationInvariantRate;

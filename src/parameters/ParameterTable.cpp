@@ -98,7 +98,8 @@ constexpr auto kRowOfIndex = [] {
     std::array<uint8_t, kParameterCount> rows{};
     for (size_t row = 0; row < kFamilies.size(); ++row) {
         for (int32_t i = 0; i < kFamilies[row].count; ++i) {
-            rows[size_t(kFamilies[row].first + i)] = uint8_t(row);
+            const int32_t index = kFamilies[row].first + i;
+            rows[size_t(index)] = uint8_t(row);
         }
     }
     return rows;

@@ -10,6 +10,15 @@
 
 namespace tessel8 {
 
+namespace {
+
+/// Hosts give no length; every text here is shorter than what the interface's buffers take.
+void copyText(char* to, const char* text) {
+    std::memcpy(to, text, std::strlen(text) + 1);
+}
+
+}  // namespace
+
 Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
     // Without rings this ends in "no memory": the effect is transparent until a rate arrives.
     Tessel8::resume();
@@ -79,7 +88,7 @@ void Tessel8::resume() {
         engineStatus = EngineStatus::NoMemory;
     }
     engine.endFades();
-    requestPanic(false);
+    Tessel8::requestPanic(false);  // also runs while the object is being made
 }
 
 bool Tessel8::runsEngine() const {
@@ -173,11 +182,11 @@ float Tessel8::getParameter(int32_t index) {
 }
 
 void Tessel8::getParameterName(int32_t index, char* text) {
-    std::strcpy(text, parameterName(index));
+    copyText(text, parameterName(index));
 }
 
 void Tessel8::getParameterLabel(int32_t index, char* text) {
-    std::strcpy(text, parameterLabel(index));
+    copyText(text, parameterLabel(index));
 }
 
 void Tessel8::getParameterDisplay(int32_t index, char* text) {
@@ -185,17 +194,17 @@ void Tessel8::getParameterDisplay(int32_t index, char* text) {
 }
 
 bool Tessel8::getEffectName(char* text) {
-    std::strcpy(text, "Vantor Tessel Echo");
+    copyText(text, "Vantor Tessel Echo");
     return true;
 }
 
 bool Tessel8::getVendorString(char* text) {
-    std::strcpy(text, "Vantoraudio");
+    copyText(text, "Vantoraudio");
     return true;
 }
 
 bool Tessel8::getProductString(char* text) {
-    std::strcpy(text, "Vantor Tessel Echo - 8 tap delay plug-in");
+    copyText(text, "Vantor Tessel Echo - 8 tap delay plug-in");
     return true;
 }
 
