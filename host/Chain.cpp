@@ -7,6 +7,9 @@ namespace tessel8::host {
 
 namespace {
 
+/// Longer than any smoothing of gains takes to come within 0.001 %.
+constexpr double kPrerollSeconds = 0.25;
+
 /// Time that the processor has spent on this program, so that a busy machine does not make the
 /// effect look slow.
 double processorSeconds() {
@@ -33,8 +36,16 @@ void Chain::startWith(const std::vector<Setting>& settings) {
     }
     // Behind the settings: a delay that is changed while the effect runs fades in.
     plugin_.start();
-    // Empty, so that what the effect puts off until a block is done before the first sample.
-    plugin_.process(in.channels.data(), out.channels.data(), 0);
+    // The song has not begun: a little silence first, in which gains that glide find their place,
+    // as they have in a host that was open before.
+    std::fill(in.left.begin(), in.left.end(), 0.0F);
+    std::fill(in.right.begin(), in.right.end(), 0.0F);
+    const int32_t preroll = int32_t(kPrerollSeconds * sampleRate_);
+    for (int32_t left = preroll; left > 0; left -= int32_t(blockFrames())) {
+        plugin_.process(in.channels.data(), out.channels.data(),
+                        std::min(left, int32_t(blockFrames())));
+    }
+    transport_.play();
 }
 
 void Chain::process(size_t frames) {

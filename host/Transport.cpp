@@ -10,10 +10,9 @@ constexpr double kSecondsPerMinute = 60;
 
 Transport::Transport(std::optional<double> tempo) {
     time_.sampleRate = 44100;  // until `start`; an effect may ask while it is being made
-    time_.flags = kVstTransportPlaying;
     if (tempo) {
         time_.tempo = *tempo;
-        time_.flags |= kVstTempoValid | kVstPpqPosValid;
+        time_.flags = kVstTempoValid | kVstPpqPosValid;
     }
 }
 
@@ -21,6 +20,10 @@ void Transport::start(double sampleRate) {
     time_.sampleRate = sampleRate;
     time_.samplePos = 0;
     time_.ppqPos = 0;
+}
+
+void Transport::play() {
+    time_.flags |= kVstTransportPlaying;
 }
 
 void Transport::advance(int64_t frames) {

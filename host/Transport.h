@@ -7,14 +7,16 @@
 
 namespace tessel8::host {
 
-/// The song that the effect is told about: it starts at 0 with the first sample and plays on.
+/// The song that the effect is told about: it stands at 0 until `play` and moves with the audio.
 /// Without a tempo the host knows no musical time, and says so in the flags.
 class Transport {
   public:
     /// `tempo` in BPM.
     explicit Transport(std::optional<double> tempo = std::nullopt);
 
+    /// Puts the song at its beginning.
     void start(double sampleRate);
+    void play();
     void advance(int64_t frames);
 
     /// What the effect gets to read; it may keep the pointer until the next call of ours.
