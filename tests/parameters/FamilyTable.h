@@ -8,53 +8,48 @@
 
 namespace tessel8::expected {
 
-/// How a value comes to be kept.
-enum class Kept { AsItCame, AsSwitch, AsItsOwnLaw };
-
 struct Row {
-    int32_t first;
-    int32_t count;
-    const char* name;
-    const char* label;
-    Kept kept;
+    int32_t first, count;
+    const char *name, *label;
     float initial;
+    float of03;  ///< what becomes of 0.3 in the neutral program
 };
 
-using enum Kept;
+constexpr float Same = 0.3f, On = 1.0f;
 
 // clang-format off
 inline constexpr Row kRows[] = {
-    {0, 1, "POWER", "", AsSwitch, 1.0f},          {1, 1, "Input", "dB", AsItCame, 0.5f},
-    {2, 1, "Output", "dB", AsItCame, 0.5f},       {3, 1, "Mix", "%", AsItCame, 0.5f},
-    {4, 1, "TimeMode", "", AsItsOwnLaw, 0.5f},    {5, 1, "Tempo", "BPM", AsItCame, 0.28125f},
-    {6, 1, "Note", "", AsItCame, 0.5625f},        {7, 1, "ZoomDel", "", AsItCame, 18.0f},
-    {8, 1, "-----", "", AsItCame, 0.0f},          {9, 1, "NumMod", "", AsItsOwnLaw, 0.0f},
-    {10, 1, "DenomMod", "", AsItsOwnLaw, 0.0f},   {11, 1, "FreqMod", "Hz", AsItCame, 0.125f},
-    {12, 1, "PhaseMod", "Deg", AsItCame, 0.0f},   {13, 1, "SourceEF", "", AsItsOwnLaw, 0.0f},
-    {14, 1, "SpeedEF", "ms", AsItCame, 0.125f},   {15, 1, "SyncMod", "", AsItsOwnLaw, 0.0f},
-    {16, 1, "WaveMod", "", AsItCame, 0.0f},       {17, 1, "ActMod", "", AsSwitch, 0.0f},
-    {18, 1, "ModeRev", "", AsItCame, 0.0f},       {19, 1, "TypeRev", "", AsItCame, 0.0f},
-    {20, 1, "DampRev", "%", AsItCame, 0.125f},    {21, 1, "AmtRev", "%", AsItCame, 0.5f},
-    {22, 1, "ActRev", "", AsSwitch, 0.0f},        {23, 1, "Tap_Pad", "", AsItCame, 0.0f},
-    {24, 8, "DelayT", "ms", AsItCame, 0.0f},      {32, 8, "AmtFBT", "%", AsItCame, 0.0f},
-    {40, 8, "FBPostT", "", AsItsOwnLaw, 0.0f},    {48, 8, "GainT", "dB", AsItCame, 0.5f},
-    {56, 8, "WidthT", "%", AsItCame, 0.875f},     {64, 8, "PanTap", "%", AsItCame, 0.5f},
-    {72, 8, "TypeFT", "", AsItCame, 0.0f},        {80, 8, "FreqFT", "Hz", AsItCame, 0.5f},
-    {88, 8, "ResoFT", "%", AsItCame, 0.125f},     {96, 8, "GainFT", "dB", AsItCame, 0.5f},
-    {104, 8, "SourceF", "%", AsItCame, 0.5f},     {112, 8, "DepthFT", "%", AsItCame, 0.5f},
-    {120, 8, "PhaseFT", "", AsItCame, 0.0f},      {128, 8, "ActFltT", "", AsSwitch, 0.0f},
-    {136, 8, "PreDrvT", "", AsSwitch, 0.0f},      {144, 8, "DriveT", "%", AsItCame, 0.5f},
-    {152, 8, "ActDrvT", "", AsSwitch, 0.0f},      {160, 8, "RevTap", "%", AsItCame, 0.5f},
-    {168, 8, "ActRevT", "", AsSwitch, 0.0f},      {176, 8, "ActTap", "", AsSwitch, 0.0f},
-    {184, 8, "LinkTap", "", AsSwitch, 0.0f},      {192, 1, "ModeFB", "", AsItsOwnLaw, 0.0f},
-    {193, 8, "TAPtoFB", "", AsSwitch, 0.0f},      {201, 1, "SelectFB", "", AsItCame, 1.0f},
-    {202, 1, "GainFB", "%", AsItCame, 0.0f},      {203, 1, "PanFB_R", "%", AsItCame, 1.0f},
-    {204, 1, "PanFB_L", "%", AsItCame, 0.0f},     {205, 1, "LinkPanFB", "", AsItCame, 0.0f},
-    {206, 1, "TypeFFB", "", AsItCame, 0.0f},      {207, 1, "FreqFFB", "Hz", AsItCame, 0.5f},
-    {208, 1, "ResoFFB", "%", AsItCame, 0.125f},   {209, 1, "SourceFB", "%", AsItCame, 0.5f},
-    {210, 1, "DepthFB", "%", AsItCame, 0.5f},     {211, 1, "ActFltFB", "", AsSwitch, 0.0f},
-    {212, 1, "DriveFB", "%", AsItCame, 0.5f},     {213, 1, "ActDrvFB", "", AsSwitch, 0.0f},
-    {214, 1, "ActiveFB", "", AsSwitch, 0.0f},
+    {0, 1, "POWER", "", 1.0f, On}, {1, 1, "Input", "dB", 0.5f, Same},
+    {2, 1, "Output", "dB", 0.5f, Same}, {3, 1, "Mix", "%", 0.5f, Same},
+    {4, 1, "TimeMode", "", 0.5f, 0.5f}, {5, 1, "Tempo", "BPM", 0.28125f, Same},
+    {6, 1, "Note", "", 0.5625f, Same}, {7, 1, "ZoomDel", "", 18.0f, Same},
+    {8, 1, "-----", "", 0.0f, Same}, {9, 1, "NumMod", "", 0.0f, 0.25f},
+    {10, 1, "DenomMod", "", 0.0f, 4 / 12.0f}, {11, 1, "FreqMod", "Hz", 0.125f, Same},
+    {12, 1, "PhaseMod", "Deg", 0.0f, Same}, {13, 1, "SourceEF", "", 0.0f, 3 / 9.0f},
+    {14, 1, "SpeedEF", "ms", 0.125f, Same}, {15, 1, "SyncMod", "", 0.0f, 0.0f},
+    {16, 1, "WaveMod", "", 0.0f, Same}, {17, 1, "ActMod", "", 0.0f, On},
+    {18, 1, "ModeRev", "", 0.0f, Same}, {19, 1, "TypeRev", "", 0.0f, Same},
+    {20, 1, "DampRev", "%", 0.125f, Same}, {21, 1, "AmtRev", "%", 0.5f, Same},
+    {22, 1, "ActRev", "", 0.0f, On}, {23, 1, "Tap_Pad", "", 0.0f, Same},
+    {24, 8, "DelayT", "ms", 0.0f, Same}, {32, 8, "AmtFBT", "%", 0.0f, Same},
+    {40, 8, "FBPostT", "", 0.0f, 0.0f}, {48, 8, "GainT", "dB", 0.5f, Same},
+    {56, 8, "WidthT", "%", 0.875f, Same}, {64, 8, "PanTap", "%", 0.5f, Same},
+    {72, 8, "TypeFT", "", 0.0f, Same}, {80, 8, "FreqFT", "Hz", 0.5f, Same},
+    {88, 8, "ResoFT", "%", 0.125f, Same}, {96, 8, "GainFT", "dB", 0.5f, Same},
+    {104, 8, "SourceF", "%", 0.5f, Same}, {112, 8, "DepthFT", "%", 0.5f, Same},
+    {120, 8, "PhaseFT", "", 0.0f, Same}, {128, 8, "ActFltT", "", 0.0f, On},
+    {136, 8, "PreDrvT", "", 0.0f, On}, {144, 8, "DriveT", "%", 0.5f, Same},
+    {152, 8, "ActDrvT", "", 0.0f, On}, {160, 8, "RevTap", "%", 0.5f, Same},
+    {168, 8, "ActRevT", "", 0.0f, On}, {176, 8, "ActTap", "", 0.0f, On},
+    {184, 8, "LinkTap", "", 0.0f, On}, {192, 1, "ModeFB", "", 0.0f, 1.0f},
+    {193, 8, "TAPtoFB", "", 0.0f, On}, {201, 1, "SelectFB", "", 1.0f, Same},
+    {202, 1, "GainFB", "%", 0.0f, Same}, {203, 1, "PanFB_R", "%", 1.0f, Same},
+    {204, 1, "PanFB_L", "%", 0.0f, Same}, {205, 1, "LinkPanFB", "", 0.0f, Same},
+    {206, 1, "TypeFFB", "", 0.0f, Same}, {207, 1, "FreqFFB", "Hz", 0.5f, Same},
+    {208, 1, "ResoFFB", "%", 0.125f, Same}, {209, 1, "SourceFB", "%", 0.5f, Same},
+    {210, 1, "DepthFB", "%", 0.5f, Same}, {211, 1, "ActFltFB", "", 0.0f, On},
+    {212, 1, "DriveFB", "%", 0.5f, Same}, {213, 1, "ActDrvFB", "", 0.0f, On},
+    {214, 1, "ActiveFB", "", 0.0f, On},
 };
 // clang-format on
 

@@ -89,7 +89,13 @@ class ParametersTest : public testing::Test {
         outside.told.clear();
     }
 
-    void set(int32_t index, float value) { parameters.apply(index, value); }
+    /// Applies values in turns: index, value, index, value, ...
+    void set() {}
+    template <typename... More>
+    void set(int32_t index, float value, More... more) {
+        parameters.apply(index, value);
+        set(more...);
+    }
     float applied(int32_t index) const { return parameters.applied(index); }
     float stored(int32_t index) const { return parameters.stored(index); }
 
@@ -104,6 +110,12 @@ class ParametersTest : public testing::Test {
 
     static std::string editor(int32_t index, float value) {
         return Outside::line("editor", index, value);
+    }
+    /// Applies one value; what the outside is told of it.
+    std::vector<std::string> toldBy(int32_t index, float value) {
+        outside.told.clear();
+        set(index, value);
+        return outside.told;
     }
 
     Engine engine;
