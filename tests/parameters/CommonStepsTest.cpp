@@ -67,15 +67,9 @@ TEST_F(ParametersTest, TheEditorHearsTheValueAsItCameAndThenTheProgramGetsAllApp
 }
 
 TEST_F(ParametersTest, AnAliasReportsItsMainIndexAndLeavesTheStoredValue) {
-    for (const auto& [alias, main] : {std::pair{358, 40},
-                                      {365, 47},
-                                      {366, 201},
-                                      {367, 193},
-                                      {374, 200},
-                                      {375, 8},
-                                      {376, 9},
-                                      {377, 10},
-                                      {378, 214}}) {
+    const int32_t kAliases[][2] = {{358, 40}, {365, 47}, {366, 201}, {367, 193}, {374, 200},
+                                   {375, 8},  {376, 9},  {377, 10},  {378, 214}};
+    for (const auto& [alias, main] : kAliases) {
         const float before = stored(main), appliedBefore = applied(main);
         EXPECT_TRUE(toldBy(alias, 0.5f).ends_with(Outside::line("", main, 0.5f) + " all"));
         EXPECT_EQ(stored(main), before) << alias;

@@ -1,4 +1,4 @@
-// LFO, note mode, song position and envelope follower.
+// Laws that depend on other values: note mode, peak filters, reverb sends.
 
 #include "parameters/ParametersFixture.h"
 
@@ -53,14 +53,35 @@ TEST_F(Modulation, MovingTheFrequencyEndsNoteModeAndSync) {
     EXPECT_EQ(applied(at::SyncMod), 0.7f);
 }
 
-TEST_F(Modulation, TheFollowersTimeRunsFromAMillisecondToASecond) {
-    // sqrt(2)^(1 / n) - 1 by its series: n is at least 45, so three terms are plenty.
-    for (const auto& [v, seconds] : {std::pair{0.0f, 0.001024}, {0.5f, 0.266256}, {1.0f, 1.0}}) {
-        set(at::SpeedEF, v);
-        const double x = std::log(2.0) / 2.0 / (44100.0 * seconds), y = x / 10.0;
-        const double fast = x + x * x / 2.0 + x * x * x / 6.0;
-        EXPECT_NEAR(engine.follower.fastCoef, fast, 1e-6 * fast) << v;
-        EXPECT_NEAR(engine.follower.slowCoef, y + y * y / 2.0, 1e-6 * y) << v;
+TEST_F(ParametersTest, ABoostedPeakTakesTheSofterQUntilItsTypeIsSetAnew) {
+    const auto expectPeak = [this](TapFilterKind kind, double q) {
+        EXPECT_EQ(int(engine.tapFltKind[0]), int(kind));
+        EXPECT_NEAR(20.0 * std::log10(engine.tapQ[0]), q, 2e-5);
+        EXPECT_NEAR(20.0 * std::log10(engine.tapFltGainTarget[0]), 9.0, 2e-5);
+    };
+    set(at::GainFT, 0.25f, at::TypeFT, 3 / 7.0f);
+    expectPeak(TapFilterKind::PeakCut, 2.375);
+    set(at::GainFT, 0.75f, at::ResoFT, 1.0f, at::TypeFT, 3 / 7.0f);  // unchanged
+    expectPeak(TapFilterKind::PeakBoost, 24.0);
+    outside.loading = true;
+    set(at::TypeFT, 3 / 7.0f);  // a loading program's counts even so
+    expectPeak(TapFilterKind::PeakBoost, 40.0);
+    set(at::GainFT, 0.25f, at::ResoFT, 1.0f);  // a cut takes the sharper one
+    expectPeak(TapFilterKind::PeakCut, 40.0);
+}
+
+TEST_F(ParametersTest, ATapSendsOnlyWhileReverbAndTapAreOnAndTheReverbStandsOnTheTaps) {
+    const struct {
+        int32_t index;
+        float v, send;
+    } kSteps[] = {{at::RevTap, 0.25f, 0.0f},  {at::ActRevT, 0.1f, 0.0f}, {at::ActRev, 1.0f, 0.25f},
+                  {at::RevTap, 0.75f, 0.75f}, {at::ModeRev, 0.2f, 0.0f}, {at::ActRevT, 1.0f, 0.0f},
+                  {at::ModeRev, 0.0f, 0.75f}, {at::ActRevT, 0.0f, 0.0f}, {at::ActRevT, 1.0f, 0.75f},
+                  {at::ActRev, 0.0f, 0.0f}};
+    for (const auto& step : kSteps) {
+        set(step.index, step.v);
+        EXPECT_EQ(engine.revSend[0], step.send) << step.index << " = " << step.v;
+        EXPECT_EQ(engine.revDirect[0], 1.0f - step.send) << step.index << " = " << step.v;
     }
 }
 
