@@ -24,16 +24,14 @@ struct DelayTime : ParametersTest {
 }  // namespace
 
 TEST_F(DelayTime, TheGridHoldsTheWholeNotesThatFitIntoTheMemory) {
-    const struct {
-        float v, bpm, wholeNotes;
-        int32_t longest;
-    } kTempos[] = {{0.0f, 30, 1, 352800}, {0.28125f, 120, 4, 352800}, {1.0f, 350, 11, 332640}};
-    for (const auto& t : kTempos) {
-        set(at::Tempo, t.v, at::Note, 1.0f, at::DelayT + 7, 2.0f);
-        EXPECT_EQ(applied(at::TempoBpm), t.bpm);
-        EXPECT_EQ(applied(at::WholeNotesInRing), t.wholeNotes);
-        EXPECT_FLOAT_EQ(applied(at::RingFracUsed), float(t.longest / 352800.0));
-        EXPECT_EQ(engine.delaySamples[7], t.longest);
+    const float kTempos[][4] = {
+        {0, 30, 1, 352800}, {0.28125f, 120, 4, 352800}, {1, 350, 11, 332640}};
+    for (const auto& [v, bpm, wholeNotes, longest] : kTempos) {
+        set(at::Tempo, v, at::Note, 1.0f, at::DelayT + 7, 2.0f);
+        EXPECT_EQ(applied(at::TempoBpm), bpm);
+        EXPECT_EQ(applied(at::WholeNotesInRing), wholeNotes);
+        EXPECT_FLOAT_EQ(applied(at::RingFracUsed), longest / 352800.0f);
+        EXPECT_EQ(float(engine.delaySamples[7]), longest);
     }
 }
 
@@ -103,20 +101,19 @@ TEST_F(DelayTime, NoteAndTempoCarryTheDelaysOver) {
 }
 
 TEST_F(DelayTime, SliderRangesMoveToTheNearestOneOfTheOtherKind) {
-    const struct {
-        float mode;
-        double bpm;  // whole notes of 2, 1 and 8 seconds
-        float from, to;
-    } kMoves[] = {{0.5f, 120, 0, 6}, {0.5f, 120, 3, 7},  {0.5f, 120, 4, 8}, {0.5f, 120, 5, 18},
-                  {0.5f, 240, 2, 7}, {0.5f, 240, 4, 10}, {0.5f, 30, 1, 10}, {0.5f, 30, 3, 6},
-                  {0.5f, 120, 9, 9}, {0, 120, 6, 1},     {0, 120, 8, 4},    {0, 120, 18, 5},
-                  {0, 240, 10, 4},   {0, 240, 11, 5},    {0, 30, 6, 3},     {0, 350, 6, 1},
-                  {0, 120, 2, 2}};
-    for (const auto& m : kMoves) {
-        set(at::TimeMode, 0.5f - m.mode, at::Tempo, tempoOf(m.bpm), at::ZoomDel, m.from);
-        const std::string to = std::to_string(int(m.to)), mode = m.mode == 0.0f ? "0" : "0.5";
-        EXPECT_EQ(toldBy(at::TimeMode, m.mode), " 332=0 7=" + to + " 5=0 4=" + mode + " all");
-        EXPECT_EQ(applied(at::ZoomDel), m.to) << m.bpm << " BPM from " << m.from;
+    // Mode, BPM (whole notes of 2, 1 and 8 seconds), from, to.
+    const float kMoves[][4] = {{0.5f, 120, 0, 6},  {0.5f, 120, 3, 7}, {0.5f, 120, 4, 8},
+                               {0.5f, 120, 5, 18}, {0.5f, 240, 2, 7}, {0.5f, 240, 4, 10},
+                               {0.5f, 30, 1, 10},  {0.5f, 30, 3, 6},  {0.5f, 120, 9, 9},
+                               {0, 120, 6, 1},     {0, 120, 8, 4},    {0, 120, 18, 5},
+                               {0, 240, 10, 4},    {0, 240, 11, 5},   {0, 30, 6, 3},
+                               {0, 350, 6, 1},     {0, 120, 2, 2}};
+    for (const auto& [mode, bpm, from, to] : kMoves) {
+        set(at::TimeMode, 0.5f - mode, at::Tempo, tempoOf(double(bpm)), at::ZoomDel, from);
+        EXPECT_EQ(toldBy(at::TimeMode, mode), " 332=0" + Outside::line("", at::ZoomDel, to) +
+                                                  " 5=0" + Outside::line("", at::TimeMode, mode) +
+                                                  " all");
+        EXPECT_EQ(applied(at::ZoomDel), to) << bpm << " BPM from " << from;
     }
     set(at::TimeMode, 0.5f, at::ZoomDel, 12.0f);  // six bars; at 120 BPM four fit
     EXPECT_EQ(toldBy(at::Tempo, 0.28125f), " 332=0 7=10 5=0.28125 all");

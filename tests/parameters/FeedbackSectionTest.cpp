@@ -71,7 +71,8 @@ TEST_F(FeedbackSection, AnAmountCountsWhereTheTapIsSentAndMultiTapSendsOneTapOnl
     }
     set(at::AmtFBT + 4, 0.5f);
     EXPECT_EQ(engine.tapFbAmount[4], 0.5f);
-    set(at::ModeFB, 1.0f);  // keeps the first
+    // Keeps the first, and tells what it turns off.
+    EXPECT_NE(toldBy(at::ModeFB, 1.0f).find(" 197=0 "), std::string::npos);
     EXPECT_EQ(on(at::TAPtoFB), "2");
     EXPECT_EQ(engine.tapFbAmount[4], 0.0f);
     set(at::TAPtoFB + 4, 1.0f);  // the last one set takes over
@@ -79,22 +80,6 @@ TEST_F(FeedbackSection, AnAmountCountsWhereTheTapIsSentAndMultiTapSendsOneTapOnl
     EXPECT_EQ(engine.tapFbAmount[4], 0.5f);
     set(at::TAPtoFB + 5, 0.0f);  // switching one off leaves the other
     EXPECT_EQ(on(at::TAPtoFB), "5");
-}
-
-TEST_F(FeedbackSection, AModeChangeTellsTheEditorWhatItTurnsOff) {
-    set(at::FBPostT + 1, 1.0f, at::TAPtoFB + 1, 1.0f);
-    for (const float mode : {1.0f, 2.0f}) {
-        const std::string told = toldBy(at::ModeFB, mode) + " ";
-        for (int32_t tap = 0; tap < 8; ++tap) {
-            EXPECT_EQ(told.find(Outside::line("", at::FBPostT + tap, 0) + " ") > told.size(),
-                      tap == 1);
-            EXPECT_EQ(told.find(Outside::line("", at::TAPtoFB + tap, 0) + " ") > told.size(),
-                      tap == 1 || mode == 2.0f);
-        }
-        EXPECT_NE(told.find(mode == 1.0f ? " 201=0 " : " 201=1 "), std::string::npos);
-        EXPECT_EQ(told.find(" 214=0 ") < told.size(), mode == 2.0f);
-    }
-    EXPECT_EQ(on(at::FBPostT), "2");
 }
 
 TEST_F(FeedbackSection, TheSelectionIsAtLeastTheFirstTapAndComesBackAfterMultiTap) {

@@ -60,15 +60,12 @@ struct Outside final : EditorLink, ProgramSink, HostClock {
         std::copy_n(values, program.size(), program.begin());
         told += " all";
     }
-    bool hostTempo(double& bpm) override {
-        ++tempoQuestions;
-        bpm = tempo.value_or(-1.0);
-        return tempo.has_value();
+    static bool give(const std::optional<double>& from, double& to) {
+        to = from.value_or(-1.0);
+        return from.has_value();
     }
-    bool songPosition(double& quarterNotes) override {
-        quarterNotes = position.value_or(-1.0);
-        return position.has_value();
-    }
+    bool hostTempo(double& bpm) override { return ++tempoQuestions, give(tempo, bpm); }
+    bool songPosition(double& quarterNotes) override { return give(position, quarterNotes); }
 };
 
 /// Parameters over an engine without memory, at 44100 Hz with the neutral values applied:
