@@ -102,14 +102,4 @@ TEST_F(Texts, AValueBehindTheMarkerIsPrintedInPlaceOfTheAppliedOne) {
     }
 }
 
-TEST(NumberTexts, CutDigitsAndNeverRoundThem) {
-    char text[kTextBytes];
-    float2string(99.96, text, 4);
-    EXPECT_STREQ(text, "99.9");
-    dB2string(0.0, text, 5);
-    EXPECT_STREQ(text, "-oo");
-    dB2string(10.0, text, 4);
-    EXPECT_STREQ(text, "20.0");
-}
-
 }  // namespace tessel8

@@ -89,7 +89,6 @@ struct ParametersTest : testing::Test {
     float applied(int32_t index) const { return parameters.applied(index); }
     float stored(int32_t index) const { return parameters.stored(index); }
 
-    /// What a block does around its samples.
     void block() {
         parameters.beginBlock();
         engine.beginBlock();

@@ -26,7 +26,6 @@ TEST(Overload, NeverExceedsItsLimitsInTenMinutesAtTheMaximumOfEverything) {
     float loudest = 0.0f;
     for (int second = 0; second < 600; ++second) {
         rig.with(0, TypeFFB, float(second / 10 % 6) / 5.0f, WaveMod, float(second / 7 % 5) / 4.0f);
-        // The wet gain is 1 and there is no dry sound: this is the sum of the taps.
         const Stereo out = rig.play(second % 60 < 10 ? noise(44100, 7) : silence(44100), {4096});
         const Engine& e = rig.engine;
         std::vector<float> levels{peak(out.left), peak(out.right), e.fbSignalL, e.fbSignalR};
@@ -45,35 +44,6 @@ TEST(Overload, OfTheStateVariableFilterPassesWithTheSoundThatMadeIt) {
         rig.play(noise(44100, 3, 4.0f));
         rig.play(silence(44100 * 10));  // more than a hundred turns at half the level each
         EXPECT_LT(peak(rig.left(silence(44100))), 0.001f) << type;
-    }
-}
-
-TEST(Overload, EndsWithTheFeedbackOffOnceTheLinesHavePlayedOut) {
-    Runaway rig;
-    rig.play(noise(44100 * 2, 8));
-    for (int t = 0; t < kTaps; ++t) {
-        rig.with(t, TAPtoFB, 0.0f, AmtFBT, 0.0f, ActFltT, 0.0f);
-    }
-    rig.with(0, GainFB, 0.0f, ActiveFB, 0.0f);
-    rig.engine.clear();
-    EXPECT_LT(1.0f, peak(rig.left(silence(8820))));  // what stood in the lines
-    rig.play(silence(44100));
-    EXPECT_EQ(0.0f, peak(rig.left(silence(44100))));
-}
-
-TEST(Meters, KeepThePeakUntilItIsTakenOrTheModeIsApplied) {
-    Bench rig(0, kLowestRate);
-    for (const bool taken : {true, false}) {
-        rig.play(impulse(100, 3.0f, -2.0f));
-        rig.play(noise(1000, 1, 0.5f));
-        for (const size_t lane : {0, 1, 2, 3}) {
-            EXPECT_EQ(lane % 2 ? 2.0f : 3.0f,
-                      taken ? rig.engine.takeMeter(lane) : rig.engine.meters[lane].load());
-        }
-        rig.parameters.apply(taken ? command::kFBPostT : command::kMeterMode, 0.0f);
-        for (const size_t lane : {0, 1, 2, 3}) {
-            EXPECT_EQ(0.0f, rig.engine.meters[lane].load()) << taken;
-        }
     }
 }
 
