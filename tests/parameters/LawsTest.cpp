@@ -45,9 +45,6 @@ TEST_F(Modulation, MovingTheFrequencyEndsNoteModeAndSync) {
     EXPECT_EQ(toldBy(at::FreqMod, 0.5f), " 332=0 332=0 8=0 all 15=0 11=0.5 all");
     EXPECT_EQ(applied(at::NoteMode), 0.0f);
     EXPECT_EQ(applied(at::SyncMod), 0.0f);
-    setNoteMode();
-    set(at::SyncMod, 0.7f, at::NoteMode, 0.0f);
-    EXPECT_EQ(applied(at::SyncMod), 0.7f);
 }
 
 TEST_F(ParametersTest, ABoostedPeakTakesTheSofterQUntilItsTypeIsSetAnew) {

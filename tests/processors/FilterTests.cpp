@@ -65,19 +65,13 @@ struct Setting {
     float resonance, gain;
 };
 constexpr float kButterworth = -0.0103f / 27.0f;  // Q = 0.7071
-constexpr Setting kSettings[] = {{kLow, 0.2f, 0.5f},
-                                 {kLow, 0.8f, 0.1f},
-                                 {kBand, 0.8f, 0.3f},
-                                 {kHigh, 0.8f, 0.9f},
-                                 {kPeak, 0.7f, 0.0f},
-                                 {kPeak, 0.1f, 0.75f},
-                                 {kLowBoost, 0.6f, 0.2f},
-                                 {kLowCut, 0.1f, 0.8f},
-                                 {kLowCut, 0.6f, 0.2f},
-                                 {kHighBoost, 0.1f, 0.8f},
-                                 {kHighCut, 0.6f, 0.2f},
-                                 {kPeak, 0.4f, 0.5f},
-                                 {kLowBoost, kButterworth, 0.5f}};
+// clang-format off
+constexpr Setting kSettings[] = {
+    {kLow, 0.2f, 0.5f}, {kLow, 0.8f, 0.1f}, {kBand, 0.8f, 0.3f}, {kHigh, 0.8f, 0.9f},
+    {kPeak, 0.7f, 0.0f}, {kPeak, 0.1f, 0.75f}, {kLowBoost, 0.6f, 0.2f}, {kLowCut, 0.1f, 0.8f},
+    {kLowCut, 0.6f, 0.2f}, {kHighBoost, 0.1f, 0.8f}, {kHighCut, 0.6f, 0.2f}, {kPeak, 0.4f, 0.5f},
+    {kLowBoost, kButterworth, 0.5f}};
+// clang-format on
 
 /// The type comes from another one and last, so that it works out everything anew.
 void setFilter(Rig& rig, const Setting& s, double hz) {

@@ -44,8 +44,7 @@ TEST(Lfo, KeepsItsPeriodAndTheSpreadOfItsOutputsOverThreeMinutesOnEveryWave) {
             const double x = now - double(lfo.step);  // where the last outputs were taken
             const double drift = 2.0 * driftInRadians(hz, kFrames * (b + 1.0));
             // The sine's table has 999 steps a cycle; saw and square jump at the ends of theirs.
-            const double step = wave == 0 ? 2.0 * kPi / 999.0 : 1e-6;
-            const double other = x + 2.0 * spread;
+            const double step = wave == 0 ? 2.0 * kPi / 999.0 : 1e-6, other = x + 2.0 * spread;
             if (wave == 4) {
                 ASSERT_EQ(wrapped, lfo.outPos != held) << b;
                 ASSERT_EQ(wrapped, lfo.outNeg != heldNeg) << b;
