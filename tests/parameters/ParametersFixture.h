@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "engine/Engine.h"
 #include "parameters/Links.h"
@@ -34,53 +33,44 @@ enum : int32_t {
 // clang-format on
 }  // namespace at
 
-/// Editor, current program and host in one: notes what it is told, in the order of the calls.
-class Outside final : public EditorLink, public ProgramSink, public HostClock {
-  public:
-    std::vector<std::string> told;
+/// Editor, current program and host in one.
+struct Outside final : EditorLink, ProgramSink, HostClock {
+    /// What it is told, in the order of the calls: " index=value" as the editor, behind a letter as
+    /// the editor's digits or knob or as the program, " all" for the whole program.
+    std::string told;
     std::array<float, 215> program{};
     bool loading = false;
-    std::optional<double> tempo;
-    std::optional<double> position;
+    std::optional<double> tempo, position;
     int tempoQuestions = 0;
 
     static std::string line(const char* what, int32_t index, float value) {
         char text[64];
-        std::snprintf(text, sizeof text, "%s %d = %.7g", what, int(index), double(value));
+        std::snprintf(text, sizeof text, " %s%d=%.7g", what, int(index), double(value));
         return text;
     }
-
-    void setParameter(int32_t index, float value) override {
-        told.push_back(line("editor", index, value));
-    }
-    void showTempo(float value) override { told.push_back(line("digits", at::Tempo, value)); }
-    void showLfoFrequency(float value) override {
-        told.push_back(line("knob", at::FreqMod, value));
-    }
+    void setParameter(int32_t index, float value) override { told += line("", index, value); }
+    void showTempo(float value) override { told += line("d", at::Tempo, value); }
+    void showLfoFrequency(float value) override { told += line("k", at::FreqMod, value); }
     bool isLoadingProgram() const override { return loading; }
     void storeValue(int32_t index, float value) override {
         program.at(size_t(index)) = value;
-        told.push_back(line("program", index, value));
+        told += line("p", index, value);
     }
     void storeAllValues(const float* values) override {
         std::copy_n(values, program.size(), program.begin());
-        told.emplace_back("program all");
+        told += " all";
     }
-    bool hostTempo(double& bpm) override {
-        ++tempoQuestions;
-        bpm = tempo.value_or(-1.0);
-        return tempo.has_value();
+    static bool give(const std::optional<double>& from, double& to) {
+        to = from.value_or(-1.0);
+        return from.has_value();
     }
-    bool songPosition(double& quarterNotes) override {
-        quarterNotes = position.value_or(-1.0);
-        return position.has_value();
-    }
+    bool hostTempo(double& bpm) override { return ++tempoQuestions, give(tempo, bpm); }
+    bool songPosition(double& quarterNotes) override { return give(position, quarterNotes); }
 };
 
 /// Parameters over an engine without memory, at 44100 Hz with the neutral values applied:
 /// Tempo mode, 120 BPM, sixteenths.
-class ParametersTest : public testing::Test {
-  protected:
+struct ParametersTest : testing::Test {
     ParametersTest() {
         parameters.connect(&outside, &outside);
         parameters.connect(&outside);
@@ -89,11 +79,16 @@ class ParametersTest : public testing::Test {
         outside.told.clear();
     }
 
-    void set(int32_t index, float value) { parameters.apply(index, value); }
+    /// Applies values in turns: index, value, index, value, ...
+    void set() {}
+    template <typename... More>
+    void set(int32_t index, float value, More... more) {
+        parameters.apply(index, value);
+        set(more...);
+    }
     float applied(int32_t index) const { return parameters.applied(index); }
     float stored(int32_t index) const { return parameters.stored(index); }
 
-    /// What a block does around its samples.
     void block() {
         parameters.beginBlock();
         engine.beginBlock();
@@ -102,16 +97,17 @@ class ParametersTest : public testing::Test {
         }
     }
 
-    static std::string editor(int32_t index, float value) {
-        return Outside::line("editor", index, value);
+    /// Applies one value; what the outside is told of it.
+    std::string toldBy(int32_t index, float value) {
+        outside.told.clear();
+        set(index, value);
+        return outside.told;
     }
 
     Engine engine;
     Parameters parameters{engine};
     Outside outside;
 };
-
-using Told = std::vector<std::string>;
 
 constexpr double kPi = 3.14159265358979323846;
 

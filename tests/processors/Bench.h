@@ -2,7 +2,9 @@
 
 #include <array>
 #include <complex>
+#include <functional>
 #include <numbers>
+#include <numeric>
 
 #include "support/Rig.h"
 
@@ -22,9 +24,6 @@ struct Bench : Rig {
     explicit Bench(int32_t samples, float rate, Values... values) : Rig(rate) {
         delay(0, samples);
         with(0, values...);
-        atRest();
-    }
-    void atRest() {
         engine.widthDirect.fill(2.0f);
         engine.widthCross.fill(0.0f);
         engine.mixSmooth = engine.mixTarget;
@@ -60,11 +59,8 @@ inline float peak(const std::vector<float>& signal) {
 }
 
 inline double energy(const std::vector<float>& signal) {
-    double sum = 0.0;
-    for (const float x : signal) {
-        sum += double(x) * double(x);
-    }
-    return sum;
+    return std::inner_product(signal.begin(), signal.end(), signal.begin(), 0.0, std::plus<>(),
+                              [](double x, double y) { return x * y; });
 }
 
 /// Spectrum of the samples from `first` on.

@@ -65,16 +65,13 @@ struct Setting {
     float resonance, gain;
 };
 constexpr float kButterworth = -0.0103f / 27.0f;  // Q = 0.7071
-constexpr Setting kSettings[] = {{kLow, 0.2f, 0.5f},       {kLow, 0.8f, 0.1f},
-                                 {kBand, 0.1f, 0.7f},      {kBand, 0.8f, 0.3f},
-                                 {kHigh, 0.2f, 0.5f},      {kHigh, 0.8f, 0.9f},
-                                 {kPeak, 0.1f, 0.25f},     {kPeak, 0.7f, 0.0f},
-                                 {kPeak, 0.1f, 0.75f},     {kPeak, 0.7f, 1.0f},
-                                 {kLowBoost, 0.1f, 0.8f},  {kLowBoost, 0.6f, 0.2f},
-                                 {kLowCut, 0.1f, 0.8f},    {kLowCut, 0.6f, 0.2f},
-                                 {kHighBoost, 0.1f, 0.8f}, {kHighBoost, 0.6f, 0.2f},
-                                 {kHighCut, 0.1f, 0.8f},   {kHighCut, 0.6f, 0.2f},
-                                 {kPeak, 0.4f, 0.5f},      {kLowBoost, kButterworth, 0.5f}};
+// clang-format off
+constexpr Setting kSettings[] = {
+    {kLow, 0.2f, 0.5f}, {kLow, 0.8f, 0.1f}, {kBand, 0.8f, 0.3f}, {kHigh, 0.8f, 0.9f},
+    {kPeak, 0.7f, 0.0f}, {kPeak, 0.1f, 0.75f}, {kLowBoost, 0.6f, 0.2f}, {kLowCut, 0.1f, 0.8f},
+    {kLowCut, 0.6f, 0.2f}, {kHighBoost, 0.1f, 0.8f}, {kHighCut, 0.6f, 0.2f}, {kPeak, 0.4f, 0.5f},
+    {kLowBoost, kButterworth, 0.5f}};
+// clang-format on
 
 /// The type comes from another one and last, so that it works out everything anew.
 void setFilter(Rig& rig, const Setting& s, double hz) {
@@ -90,8 +87,7 @@ TEST(TapFilter, HasTheResponseOfItsAnaloguePrototype) {
         Bench rig(100, rate, ActFltT, 1.0f);
         for (const double hz : {300.0, 4000.0, rate < 50000.0f ? 16000.0 : 8000.0}) {
             for (const Setting& s : kSettings) {
-                SCOPED_TRACE(::testing::Message() << rate << " shape " << s.shape << " resonance "
-                                                  << s.resonance << " gain " << s.gain);
+                SCOPED_TRACE(::testing::Message() << rate << " setting " << &s - kSettings);
                 // The tables' steps are half a hertz and truncate; the smoothed frequency stops
                 // up to 0.24 Hz short of its target, from either side.
                 setFilter(rig, s, hz + 0.25);
@@ -110,21 +106,17 @@ TEST(TapFilter, HasTheResponseOfItsAnaloguePrototype) {
 }
 
 TEST(TapFilter, BeginsFromSilenceWhenSwitchedOnOrGivenAnotherType) {
-    for (const char* change : {"none", "same type", "another type", "switch"}) {
+    for (const int change : {0, 1, 2}) {  // none, the type, the switch
         Bench rig(100, kLowestRate, ActFltT, 1.0f);
         setFilter(rig, {kLow, 0.9f, 0.5f}, 500.0);
         rig.play(noise(10000, 5));
         rig.engine.clearRings();
-        if (*change == 's' && change[1] == 'w') {
-            rig.set(ActFltT, 0.0f);
-            rig.play(silence(100));
-            rig.set(ActFltT, 1.0f);
-        } else if (*change != 'n') {
-            rig.set(TypeFT, *change == 'a' ? 1.0f / 7.0f : 0.05f);
+        rig.set(TypeFT, change == 1 ? 1.0f / 7.0f : 0.05f);
+        if (change == 2) {
+            rig.with(0, ActFltT, 0.0f, ActFltT, 1.0f);
         }
         const float rest = peak(rig.left(silence(1000)));
-        const bool keeps = *change == 'n' || change[1] == 'a';
-        EXPECT_TRUE(keeps ? rest > 0.01f : rest == 0.0f) << change << ": " << rest;
+        EXPECT_TRUE(change == 0 ? rest > 0.01f : rest == 0.0f) << change << ": " << rest;
     }
 }
 
@@ -180,28 +172,6 @@ TEST(FeedbackStateVariable, RunsFivePassesASampleAtEveryRate) {
                     ASSERT_NEAR(sum, double(got[i]), bound) << "at " << i;
                 }
             }
-        }
-    }
-}
-
-TEST(FeedbackStateVariable, HasSlopesOfItsOrderAndAPeakThatGrowsWithItsResonance) {
-    // From two to three octaves away a two-pole changes by 65/17 (damping 2) to 63/15 (none), a
-    // band pass by half of it; a tenth for what the five passes shift the frequency.
-    for (const auto& [type, octave, scale] :
-         {std::tuple{0, 2.0, 1.0}, {1, 2.0, 0.5}, {1, 0.5, 0.5}, {2, 0.5, 1.0}}) {
-        double last = 0.0;
-        for (const float resonance : {0.0f, 0.25f, 0.5f, 0.75f, 1.0f}) {
-            SCOPED_TRACE(::testing::Message() << type << ", " << resonance);
-            const auto got = feedbackResponse(type, resonance, 1000.0, 0.01f, kLowestRate);
-            const auto at = [&](double octaves) {
-                const double hz = 1000.0 * std::pow(octave, octaves);
-                return std::abs(spectrum(got, hz, 44100.0)) / 0.01;
-            };
-            EXPECT_LE(65.0 / 17.0 * scale * 0.9, at(2.0) / at(3.0));
-            EXPECT_GE(63.0 / 15.0 * scale * 1.1, at(2.0) / at(3.0));
-            EXPECT_LT(last * 1.1, at(0.0));
-            EXPECT_TRUE(type == 1 || std::fabs(at(-3.0) - 1.0) < 0.1) << at(-3.0);
-            last = at(0.0);
         }
     }
 }

@@ -25,41 +25,37 @@ double shapeOf(int wave, double x) {
 TEST(Lfo, KeepsItsPeriodAndTheSpreadOfItsOutputsOverThreeMinutesOnEveryWave) {
     for (int turn = 0; turn < 10; ++turn) {
         const double hz = turn < 5 ? 0.37 : 14.3;
-        const int wave = turn % 5;
+        const int wave = turn % 5, blocks = 180 * 44100 / kFrames;
         const float phaseMod = float(turn % 3) / 2.0f;
         SCOPED_TRACE(::testing::Message() << hz << " Hz, wave " << wave << " spread " << phaseMod);
         const double spread = (double(phaseMod) - 0.5) * kPi;  // the first output stands behind
         Bench rig(0, kLowestRate, FreqMod, float(std::log(hz + 1.0) / std::log(16.0)), WaveMod,
                   float(wave) / 4.0f, PhaseMod, phaseMod, ActMod, 1.0f);
         const Lfo& lfo = rig.engine.lfo;
-        const int blocks = 180 * 44100 / kFrames;
         double turns = 0.0, mean = 0.0, square = 0.0, before = -spread;
         for (int b = 0; b < blocks; ++b) {
             const float held = lfo.outPos, heldNeg = lfo.outNeg;
             rig.play(silence(kFrames));
-            const double now = double(lfo.phasePos);
-            const bool wrapped = now < before;
-            before = now;
+            const bool wrapped = double(lfo.phasePos) < before;
+            before = double(lfo.phasePos);
             turns += wrapped;
-            const double x = now - double(lfo.step);  // where the last outputs were taken
+            const double x = before - double(lfo.step);  // where the last outputs were taken
+            const double out = double(lfo.outPos), other = x + 2.0 * spread;
             const double drift = 2.0 * driftInRadians(hz, kFrames * (b + 1.0));
             // The sine's table has 999 steps a cycle; saw and square jump at the ends of theirs.
             const double step = wave == 0 ? 2.0 * kPi / 999.0 : 1e-6;
-            const double other = x + 2.0 * spread;
             if (wave == 4) {
                 ASSERT_EQ(wrapped, lfo.outPos != held) << b;
                 ASSERT_EQ(wrapped, lfo.outNeg != heldNeg) << b;
-                mean += wrapped ? double(lfo.outPos) : 0.0;
-                square += wrapped ? double(lfo.outPos) * double(lfo.outPos) : 0.0;
+                mean += wrapped ? out : 0.0;
+                square += wrapped ? out * out : 0.0;
             } else if (std::fabs(x) < kPi) {
-                ASSERT_NEAR(shapeOf(wave, x), double(lfo.outPos), step) << b;
+                ASSERT_NEAR(shapeOf(wave, x), out, step) << b;
                 if (wave == 0 || wave == 2 || std::fabs(std::sin(other)) > drift) {
                     ASSERT_NEAR(shapeOf(wave, other), double(lfo.outNeg), step + drift) << b;
                 }
             }
             ASSERT_TRUE(phaseMod != 0.5f || lfo.outPos == lfo.outNeg) << b;
-            ASSERT_TRUE(wave != 4 || turns == 0.0 ||
-                        (lfo.outPos == lfo.outNeg) == (phaseMod == 0.5f));
         }
         const double frames = double(blocks) * kFrames;
         EXPECT_NEAR(2.0 * kPi * hz * frames / 44100.0, 2.0 * kPi * turns + before + spread,
@@ -89,8 +85,7 @@ TEST(Lfo, StandsWhereTheSongStandsAndRunsFreeWhileItStops) {
     const Lfo& lfo = rig.engine.lfo;
     // Cycles of 3/4 notes, that is three quarters, in runs of three whole notes; with a loop,
     // jumps and a count-in.
-    for (const double quarters :
-         {0.5, 1.5, 2.9, 7.25, 1.0, 1.4, 100.3, 11.9, 12.0, 13.7, -2.5, 0.25}) {
+    for (const double quarters : {0.5, 7.25, 1.0, 100.3, 11.9, 12.0, -2.5}) {
         SCOPED_TRACE(quarters);
         song.quarters = quarters;
         rig.parameters.beginBlock();
@@ -101,66 +96,32 @@ TEST(Lfo, StandsWhereTheSongStandsAndRunsFreeWhileItStops) {
             EXPECT_NEAR(0.0, std::remainder(double(at) - phase - shift * kPi, 2.0 * kPi), bound);
             EXPECT_LE(std::fabs(at), 3.14160f);
         }
-        for (const bool known : {true, false}) {  // the host stands still, or has no position
-            const double before = double(lfo.phasePos);
-            song.quarters = known ? std::optional(quarters) : std::nullopt;
-            rig.play(silence(kFrames));
-            const double step = 2.0 * kPi * (2.0 / 3.0) / 44100.0;
-            EXPECT_NEAR(0.0,
-                        std::remainder(double(lfo.phasePos) - before - kFrames * step, 2.0 * kPi),
-                        kFrames * 1.2e-7 + 3e-7);
-        }
+        song.quarters.reset();
+        const double before = double(lfo.phasePos);
+        rig.play(silence(kFrames));
+        const double went =
+            double(lfo.phasePos) - before - kFrames * 2.0 * kPi * (2.0 / 3.0) / 44100.0;
+        EXPECT_NEAR(0.0, std::remainder(went, 2.0 * kPi), kFrames * 1.2e-7 + 3e-7);
     }
 }
 
 TEST(Follower, SwingsOverItsRangeAtAnyLevelAndRestsAtItsBottom) {
     for (const float level : {1.0f, 0.01f}) {
-        for (const bool silentTap : {false, true}) {
-            Bench rig(0, kLowestRate, SourceF, 1.0f, DepthFT, 1.0f, ActMod, 1.0f);
-            rig.with(0, SourceEF, silentTap ? 2.0f / 9.0f : 0.0f);
-            rig.delay(1, 350000);  // nearly eight seconds until the second tap hears anything
-            float low = 1.0f, high = -1.0f;
-            for (int i = 0; i < 44100 * 6; i += kFrames) {
-                // Noise, louder and softer by turns of half a second; two seconds to get used.
-                rig.play(noise(kFrames, uint32_t(i), level * (i / 22050 % 2 ? 0.8f : 0.05f)));
-                low = i < 88200 ? 1.0f : std::min(low, rig.engine.follower.out);
-                high = i < 88200 ? -1.0f : std::max(high, rig.engine.follower.out);
-            }
-            EXPECT_LE(low, -0.9f) << level;
-            EXPECT_TRUE(silentTap ? high == -1.0f : high >= 0.9f) << level << " " << high;
+        Bench rig(0, kLowestRate, SourceF, 1.0f, DepthFT, 1.0f, ActMod, 1.0f);
+        float low = 1.0f, high = -1.0f;
+        for (int i = 0; i < 44100 * 6; i += kFrames) {
+            // Noise, louder and softer by turns of half a second; two seconds to get used.
+            rig.play(noise(kFrames, uint32_t(i), level * (i / 22050 % 2 ? 0.8f : 0.05f)));
+            low = i < 88200 ? 1.0f : std::min(low, rig.engine.follower.out);
+            high = i < 88200 ? -1.0f : std::max(high, rig.engine.follower.out);
         }
+        EXPECT_LE(low, -0.9f) << level;
+        EXPECT_GE(high, 0.9f) << level;
+        rig.play(silence(44100 * 30));  // 45 time constants of the slow measure
+        EXPECT_EQ(-1.0f, rig.engine.follower.out);
+        EXPECT_EQ(0.0f, rig.engine.follower.mean);
+        EXPECT_EQ(0.0f, rig.engine.follower.dev);
     }
-}
-
-TEST(Follower, ComesToRestAtItsBottomWhenItsSourceFallsSilent) {
-    Bench rig(0, kLowestRate, SourceF, 1.0f, DepthFT, 1.0f, ActMod, 1.0f);
-    rig.play(noise(44100, 1, 0.5f));
-    rig.play(silence(44100 * 30));  // 45 time constants of the slow measure
-    EXPECT_EQ(-1.0f, rig.engine.follower.out);
-    EXPECT_EQ(0.0f, rig.engine.follower.mean);
-    EXPECT_EQ(0.0f, rig.engine.follower.dev);
-}
-
-TEST(Modulation, LeavesEveryFilterAtItsKnobWhileItIsOff) {
-    Stereo sound[3];
-    for (const int depth : {0, 1, 2}) {  // none; both, but off; both
-        Bench rig(50, kLowestRate, WaveMod, 0.5f, FreqMod, 0.9f, SelectFB, 0.125f, GainFB, 0.5f,
-                  ActiveFB, 1.0f, ActFltFB, 1.0f, DepthFB, depth ? 1.0f : 0.5f, ActMod,
-                  depth == 2 ? 1.0f : 0.0f);
-        for (int t = 0; t < kTaps; ++t) {
-            rig.with(t, ActTap, 1.0f, ActFltT, 1.0f, FreqFT, float(t + 1) / 9.0f, ResoFT, 0.8f);
-            rig.with(t, SourceF, float(t) / 7.0f, DepthFT, depth ? 0.1f : 0.5f);
-        }
-        sound[depth] = rig.play(noise(44100, 6));
-        for (size_t t = 0; t < kTaps && depth < 2; ++t) {
-            // A smoother stops where a pull of 8.9e-3 of the rest no longer shows: one unit.
-            const double knob = 20.0 * std::exp2(double(t + 1) / 9.0 * 9.965784);
-            EXPECT_NEAR(knob, double(rig.engine.tapFreqSmooth[t]), knob * 2.0 * kUnit / 8.9e-3)
-                << t;
-        }
-    }
-    EXPECT_TRUE(sameSound(sound[0], sound[1]));
-    EXPECT_FALSE(sameSound(sound[0], sound[2]));
 }
 
 }  // namespace

@@ -1,32 +1,24 @@
-// What runs away stays within +-16, and finite.
+// What runs away stays within +-16, and finite; what is driven, under its ceiling.
 
 #include "processors/Bench.h"
 
 namespace tessel8::testing {
 namespace {
 
-/// All taps, all filters at full resonance, all feedback at its maximum.
-struct Runaway : Bench {
-    Runaway() : Bench(0, kLowestRate) {
-        for (int t = 0; t < kTaps; ++t) {
-            const float step = float(t) / 7.0f;
-            with(t, ActTap, 1.0f, DelayT, 0.02f + 0.02f * step, GainT, 1.0f, AmtFBT, 1.0f);
-            with(t, FBPostT, 1.0f, TypeFT, step, FreqFT, 0.2f + 0.7f * step, ResoFT, 1.0f);
-            with(t, GainFT, t == 5 || t == 7 ? 0.0f : 1.0f, ActFltT, 1.0f, TAPtoFB, 1.0f);
-            with(t, SourceF, 0.3f, DepthFT, t % 2 ? 1.0f : 0.0f, PhaseFT, float(t % 3));
-        }
-        with(0, ActMod, 1.0f, FreqMod, 0.6f, SelectFB, 1.0f, GainFB, 1.0f, ResoFFB, 1.0f);
-        with(0, DepthFB, 1.0f, SourceFB, 0.3f, ActFltFB, 1.0f, ActiveFB, 1.0f);
-        engine.endFades();
-    }
-};
-
 TEST(Overload, NeverExceedsItsLimitsInTenMinutesAtTheMaximumOfEverything) {
-    Runaway rig;
+    Bench rig(0, kLowestRate, ActMod, 1.0f, FreqMod, 0.6f, SelectFB, 1.0f, GainFB, 1.0f, ResoFFB,
+              1.0f, DepthFB, 1.0f, SourceFB, 0.3f, ActFltFB, 1.0f, ActiveFB, 1.0f);
+    for (int t = 0; t < kTaps; ++t) {
+        const float step = float(t) / 7.0f;
+        rig.with(t, ActTap, 1.0f, DelayT, 0.02f + 0.02f * step, GainT, 1.0f, AmtFBT, 1.0f, FBPostT,
+                 1.0f, TypeFT, step, FreqFT, 0.2f + 0.7f * step, ResoFT, 1.0f, GainFT,
+                 t == 5 || t == 7 ? 0.0f : 1.0f, ActFltT, 1.0f, TAPtoFB, 1.0f, SourceF, 0.3f,
+                 DepthFT, t % 2 ? 1.0f : 0.0f, PhaseFT, float(t % 3));
+    }
+    rig.engine.endFades();
     float loudest = 0.0f;
     for (int second = 0; second < 600; ++second) {
         rig.with(0, TypeFFB, float(second / 10 % 6) / 5.0f, WaveMod, float(second / 7 % 5) / 4.0f);
-        // The wet gain is 1 and there is no dry sound: this is the sum of the taps.
         const Stereo out = rig.play(second % 60 < 10 ? noise(44100, 7) : silence(44100), {4096});
         const Engine& e = rig.engine;
         std::vector<float> levels{peak(out.left), peak(out.right), e.fbSignalL, e.fbSignalR};
@@ -48,32 +40,32 @@ TEST(Overload, OfTheStateVariableFilterPassesWithTheSoundThatMadeIt) {
     }
 }
 
-TEST(Overload, EndsWithTheFeedbackOffOnceTheLinesHavePlayedOut) {
-    Runaway rig;
-    rig.play(noise(44100 * 2, 8));
-    for (int t = 0; t < kTaps; ++t) {
-        rig.with(t, TAPtoFB, 0.0f, AmtFBT, 0.0f, ActFltT, 0.0f);
-    }
-    rig.with(0, GainFB, 0.0f, ActiveFB, 0.0f);
-    rig.engine.clear();
-    EXPECT_LT(1.0f, peak(rig.left(silence(8820))));  // what stood in the lines
-    rig.play(silence(44100));
-    EXPECT_EQ(0.0f, peak(rig.left(silence(44100))));
-}
-
-TEST(Meters, KeepThePeakUntilItIsTakenOrTheModeIsApplied) {
-    Bench rig(0, kLowestRate);
-    for (const bool taken : {true, false}) {
-        rig.play(impulse(100, 3.0f, -2.0f));
-        rig.play(noise(1000, 1, 0.5f));
-        for (const size_t lane : {0, 1, 2, 3}) {
-            EXPECT_EQ(lane % 2 ? 2.0f : 3.0f,
-                      taken ? rig.engine.takeMeter(lane) : rig.engine.meters[lane].load());
+TEST(Saturator, PassesUnderItsCeilingAndNeverAboveIt) {
+    // Ceilings of 100, 1 and 0.1; the feedback's saturator stands behind the limit of 16.
+    const struct {
+        float drive, in;
+        double tap, feedback;
+    } kFigures[] = {{0.0f, 1.0f, 100.0 / 101.0, 100.0 / 101.0},
+                    {0.5f, 1.0f, 0.5, 0.5},
+                    {0.5f, 64.0f, 64.0 / 65.0, 16.0 / 17.0},
+                    {0.5f, 16.0f, 16.0 / 17.0, 16.0 / 17.0},
+                    {1.0f, 0.1f, 0.05, 0.05},
+                    {1.0f, 1e6f, 1e5 / 1000000.1, 1.6 / 16.1}};
+    for (const auto& f : kFigures) {
+        const double bound = 5.0 * kUnit;  // ceiling, product, sum, quotient, the input's decimals
+        const auto check = [&](double expected, const Stereo& out, size_t at) {
+            EXPECT_NEAR(expected, double(out.left[at]), expected * bound) << f.drive << " " << f.in;
+            EXPECT_EQ(-out.left[at], out.right[at]);
+            EXPECT_TRUE(f.drive < 1.0f || out.left[at] <= 0.1f);
+        };
+        for (const float before : {0.0f, 1.0f}) {
+            Bench rig(0, kLowestRate, ActTap, 0.0f);
+            rig.with(6, ActTap, 1.0f, DriveT, f.drive, PreDrvT, before, ActDrvT, 1.0f);
+            check(f.tap, rig.play(impulse(1, f.in, -f.in)), 0);
         }
-        rig.parameters.apply(taken ? command::kFBPostT : command::kMeterMode, 0.0f);
-        for (const size_t lane : {0, 1, 2, 3}) {
-            EXPECT_EQ(0.0f, rig.engine.meters[lane].load()) << taken;
-        }
+        Bench rig(100, kLowestRate, SelectFB, 0.125f, GainFB, 1.0f, ActiveFB, 1.0f, DriveFB,
+                  f.drive, ActDrvFB, 1.0f);
+        check(f.feedback, rig.play(impulse(201, f.in, -f.in)), 200);
     }
 }
 
