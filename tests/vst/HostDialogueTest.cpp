@@ -5,42 +5,30 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "vst/Vst24.h"
 
 namespace {
 
 bool hostSendsMidi = false;
-std::vector<int32_t> hostCalls;
-intptr_t wantMidiValue = 0;
+int wantsOfMidi = 0;
 
 intptr_t VST_CALL hostCallback(AEffect*, int32_t opcode, int32_t, intptr_t value, void* ptr,
                                float) {
-    hostCalls.push_back(opcode);
-    if (opcode == audioMasterWantMidi) {
-        wantMidiValue = value;
-    }
+    wantsOfMidi += opcode == audioMasterWantMidi && value == 1;
     if (opcode == audioMasterCanDo) {
         return hostSendsMidi && std::strcmp(static_cast<char*>(ptr), "sendVstMidiEvent") == 0;
     }
     return opcode == audioMasterVersion ? 2400 : 0;
 }
 
-int timesCalled(int32_t opcode) {
-    return int(std::count(hostCalls.begin(), hostCalls.end(), opcode));
-}
-
 class Plugin : public testing::Test {
   protected:
     using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
 
-    Plugin() : library(dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL)) {
-        hostSendsMidi = false;
-        hostCalls.clear();
-    }
     ~Plugin() override {
         if (effect) {
             send(effClose);
@@ -50,6 +38,9 @@ class Plugin : public testing::Test {
         }
     }
     void SetUp() override {
+        hostSendsMidi = false;
+        wantsOfMidi = 0;
+        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
         ASSERT_NE(library, nullptr) << dlerror();
         effect = entry("VSTPluginMain")(hostCallback);
         ASSERT_NE(effect, nullptr);
@@ -68,7 +59,7 @@ class Plugin : public testing::Test {
     }
     intptr_t canDo(const char* what) { return send(effCanDo, 0, 0, const_cast<char*>(what)); }
 
-    void* library;
+    void* library = nullptr;
     AEffect* effect = nullptr;
 };
 
@@ -97,18 +88,12 @@ TEST_F(Plugin, TheRecordShowsAnEffectOfTwoChannelsAnd215Parameters) {
     EXPECT_EQ(effect->ioRatio, 1.0f);
     EXPECT_EQ(effect->uniqueID, 0x54534C38);  // "TSL8"
     EXPECT_EQ(effect->version, 1);
-    EXPECT_NE(effect->object, nullptr);
     EXPECT_NE(effect->process, nullptr);
-    EXPECT_NE(effect->processReplacing, nullptr);
     EXPECT_NE(effect->processDoubleReplacing, nullptr);
-    EXPECT_EQ(effect->reservedForHost1, 0);
-    EXPECT_EQ(effect->reservedForHost2, 0);
-    EXPECT_EQ(effect->realQualities, 0);
-    EXPECT_EQ(effect->offQualities, 0);
+    EXPECT_EQ(effect->reservedForHost1 | effect->reservedForHost2, 0);
+    EXPECT_EQ(effect->realQualities | effect->offQualities, 0);
     EXPECT_EQ(effect->user, nullptr);
-    for (const char byte : effect->future) {
-        EXPECT_EQ(byte, 0);
-    }
+    EXPECT_EQ(std::count(effect->future, std::end(effect->future), 0), std::ssize(effect->future));
 }
 
 TEST_F(Plugin, TellsItsNamesItsCategoryAndItsVersions) {
@@ -137,16 +122,6 @@ TEST_F(Plugin, TellsNamesLabelsAndTextsOfParameters) {
     }
 }
 
-TEST_F(Plugin, ProgramsBelongToThePanel) {
-    EXPECT_EQ(text(effGetProgramNameIndexed, 139), "1 *init");
-    EXPECT_EQ(text(effGetProgramNameIndexed, 140), "0 untouched");
-    EXPECT_EQ(send(effSetProgram, 0, 5), 0);
-    EXPECT_EQ(send(effGetProgram), 0);
-    char name[] = "Mine";
-    EXPECT_EQ(send(effSetProgramName, 0, 0, name), 0);
-    EXPECT_EQ(text(effGetProgramName), "0 Mine");
-}
-
 TEST_F(Plugin, TakesNullPointersWhereAHostForgetsThem) {
     for (const int32_t opcode :
          {effSetProgramName, effGetProgramName, effGetParamLabel, effGetParamDisplay,
@@ -172,12 +147,7 @@ TEST_F(Plugin, AnswersZeroToEverythingThatItDoesNotServe) {
             EXPECT_EQ(send(opcode, 3, 2), 0) << "opcode " << opcode;
         }
     }
-    for (const int32_t opcode : {INT32_MIN, 1000, 0x7fffffff}) {
-        EXPECT_EQ(send(opcode, -1, -1), 0) << "opcode " << opcode;
-    }
-    EXPECT_EQ(send(effGetTailSize), 0);
-    effect->setParameter(effect, 24, 1.0f);
-    EXPECT_EQ(send(effGetTailSize), 0);
+    EXPECT_EQ(send(INT32_MIN, -1, -1) | send(INT32_MAX, -1, -1), 0);
 }
 
 TEST_F(Plugin, HasNoSpeakerArrangementAndCountsBackWhatItIsTold) {
@@ -201,17 +171,15 @@ TEST_F(Plugin, ShowsAPanelOf870By565) {
 }
 
 TEST_F(Plugin, WantsMidiOnEachResumeWhereTheHostSendsIt) {
-    hostCalls.clear();
     send(effMainsChanged, 0, 1);
     EXPECT_EQ(canDo("receiveVstMidiEvent"), 0);
-    EXPECT_EQ(timesCalled(audioMasterWantMidi), 0);
+    EXPECT_EQ(wantsOfMidi, 0);
     hostSendsMidi = true;
     for (int turn = 1; turn <= 2; ++turn) {
         send(effMainsChanged, 0, 1);
-        EXPECT_EQ(timesCalled(audioMasterWantMidi), turn);
-        EXPECT_EQ(wantMidiValue, 1);
+        EXPECT_EQ(wantsOfMidi, turn);
         send(effMainsChanged, 0, 0);
-        EXPECT_EQ(timesCalled(audioMasterWantMidi), turn);
+        EXPECT_EQ(wantsOfMidi, turn);
     }
     EXPECT_EQ(canDo("receiveVstMidiEvent"), 1);
     for (const char* what : {"sendVstMidiEvent", "sendVstEvents", "receiveVstEvents", "bypass", "",
@@ -230,14 +198,11 @@ TEST_F(Plugin, GivesAnEchoAndCanBeClosedAndLoadedAgain) {
         effect->setParameter(effect, 24, 1000.0f / 384000.0f);
         send(effMainsChanged, 0, 1);
         float left[2048] = {0.5f}, right[2048] = {}, outL[2048], outR[2048];
-        for (int warmUp = 0; warmUp < 20; ++warmUp) {
-            float* inputs[] = {right, right};
+        for (int block = 0; block <= 20; ++block) {
+            float* inputs[] = {block == 20 ? left : right, right};
             float* outputs[] = {outL, outR};
             effect->processReplacing(effect, inputs, outputs, 2048);
         }
-        float* inputs[] = {left, right};
-        float* outputs[] = {outL, outR};
-        effect->processReplacing(effect, inputs, outputs, 2048);
         for (int i = 0; i < 2048; ++i) {
             EXPECT_NEAR(outL[i], i == 1000 ? 0.5f : 0.0f, 1e-3f) << "frame " << i;
             EXPECT_EQ(outR[i], 0.0f) << "frame " << i;
@@ -245,7 +210,6 @@ TEST_F(Plugin, GivesAnEchoAndCanBeClosedAndLoadedAgain) {
         EXPECT_EQ(send(effClose), 1);
         EXPECT_EQ(dlclose(library), 0);
         effect = nullptr;
-        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
         SetUp();
     }
 }
