@@ -87,17 +87,6 @@ TEST(Fade, LeavesTheFeedbackOfTheRawReadAlone) {
     EXPECT_TRUE(onlyEchoes({{12 * 4000 - played, level}}, out.left, kRounding));
 }
 
-TEST(Fade, DoesNotActInMultiFbButRunsFromZeroAfterwards) {
-    Faders rig;
-    rig.set(Family::ModeFB, kMultiFb);
-    rig.run(500);
-    rig.set(Family::DelayT, rig.delayValue(150), 0);
-    const Stereo out = rig.run(kHold + 10);
-    EXPECT_TRUE(sameSamples(std::vector<float>(out.size(), rig.fullL), out.left));
-    rig.set(Family::ModeFB, kMultiEcho);
-    EXPECT_NEAR(2.0 / 44100.0, double(rig.run(1).left[0] / rig.fullL), 1e-9);
-}
-
 /// One tap with feedback, played an impulse of which the first echo has come.
 struct Gated : Rig {
     Gated(int tap, float mode) {

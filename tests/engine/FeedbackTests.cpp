@@ -174,27 +174,5 @@ TEST(Bus, RunsOneFrameBehindTheTapThatFeedsItOnOrOff) {
     }
 }
 
-TEST(Bus, OfAProcessedTapTakesTheGainOfTheTapAlong) {
-    for (const int tap : {2, 6}) {
-        SCOPED_TRACE(tap);
-        BusRig rig;
-        rig.delay(tap, 5000);
-        rig.set(Family::GainT, 0.6f, tap);
-        rig.feedFrom(tap, true);
-        rig.set(Family::FBPostT, 1.0f, tap);
-        rig.settle();
-        rig.set(Family::GainT, 0.6f, 0);
-        const Stereo out = rig.play(impulse(16000));
-        const double gain = tapLevel(rig, tap);
-        EXPECT_NEAR(1.44, gain, 1e-3);
-        const auto own = series(5000, 5001, wetLevel(rig) * gain, gain * 0.375, out.size());
-        for (const Echo& echo : own) {
-            EXPECT_NEAR(echo.level, double(out.left[echo.frame]), kLoopRounding);
-            EXPECT_EQ(0.0f, out.left[echo.frame - 1]);
-            EXPECT_EQ(0.0f, out.left[echo.frame + 1]);
-        }
-    }
-}
-
 }  // namespace
 }  // namespace tessel8::testing

@@ -103,21 +103,6 @@ TEST(Limit, CutsTheSumOfTheTapsAtSixteen) {
     EXPECT_NEAR(-8.0, double(out.right[9]), 8.0 * 4.0 * kShort);
 }
 
-TEST(Limit, KeepsARunawayMasterFeedbackAtSixteen) {
-    Rig rig;
-    rig.set(Family::GainT, 0.125f, 0);  // a sixteenth
-    rig.delay(0, 1);
-    rig.settle();
-    rig.set(Family::SelectFB, 0.125f);
-    rig.set(Family::GainFB, 1.0f);
-    rig.set(Family::ActiveFB, 1.0f);
-    const Stereo out = rig.play(constant(5000, 100.0f, 4.0f));
-    const double level = wetLevel(rig) / double(rig.engine.mixSmooth[0]) * tapLevel(rig, 0);
-    const double input = 100.0 * double(rig.engine.mixSmooth[0]);
-    EXPECT_NEAR((input + 16.0) * level, double(out.left.back()), 1e-5);
-    EXPECT_NEAR((input / 25.0 + 16.0) * level, double(out.right.back()), 1e-5);
-}
-
 TEST(Meters, ShowTheInputAsItCameAndTheOutputOneFrameLate) {
     Rig rig;
     rig.settle();

@@ -22,35 +22,25 @@ class Draw {
 
     int32_t delay(int32_t ringLen) {
         constexpr int32_t kShort[] = {0, 1, 2, 3, 17, 31, 32, 33, 63, 64, 65};
-        switch (below(4)) {
-            case 0:
-                return kShort[below(std::size(kShort))];
-            case 1:
-                return below(400);
-            case 2:
-                return 4410 + below(2000);  // long enough for feedback behind the processing
-            default:
-                return chance(0.2) ? ringLen - below(3) : below(ringLen);  // the whole ring, too
-        }
+        const int32_t kind = below(4);
+        return kind == 0     ? kShort[below(std::size(kShort))]
+               : kind == 1   ? below(400)
+               : kind == 2   ? 4410 + below(2000)  // long enough for feedback behind the processing
+               : chance(0.2) ? ringLen - below(3)
+                             : below(ringLen);  // the whole ring, too
     }
 
     Stereo sound(size_t frames) {
-        switch (below(4)) {
-            case 0:
-                return silence(frames);
-            case 1: {
-                Stereo s(frames);
-                for (size_t i = 0; i < frames; i += 1 + size_t(below(60))) {
-                    s.left[i] = unit();
-                    s.right[i] = -unit();
-                }
-                return s;
-            }
-            case 2:
-                return noise(frames, random(), 30.0f);  // far into the limits
-            default:
-                return noise(frames, random(), 0.5f);
+        const int32_t kind = below(4);
+        if (kind >= 2) {
+            return noise(frames, random(), kind == 2 ? 30.0f : 0.5f);  // 30 is far into the limits
         }
+        Stereo s(frames);
+        for (size_t i = 0; kind == 1 && i < frames; i += 1 + size_t(below(60))) {
+            s.left[i] = unit();
+            s.right[i] = -unit();
+        }
+        return s;
     }
 
   private:

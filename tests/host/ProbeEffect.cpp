@@ -43,16 +43,6 @@ void noteTime(const std::string& when) {
     }
 }
 
-void writeText(void* buffer, const char* text) {
-    if (isKind("nasty")) {
-        // More than any honest effect writes, without an end, and upsetting for a terminal.
-        std::memset(buffer, 'x', 256);
-        std::memcpy(buffer, "a\nb\033[2J", 7);
-    } else {
-        std::memcpy(buffer, text, std::strlen(text) + 1);
-    }
-}
-
 intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void* ptr, float opt) {
     constexpr const char* kNames[] = {"Level", "ZoomDel", "ModeFB", "Odd name"};
     if (opcode == effOpen) {
@@ -67,10 +57,7 @@ intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void*
     } else if (opcode == effMainsChanged) {
         note("mains ", value);
     } else if (opcode == effGetParamName) {
-        writeText(ptr, kNames[index]);
-    } else if (opcode == effGetEffectName) {
-        writeText(ptr, "Probe");
-        return 1;
+        std::strcpy(static_cast<char*>(ptr), kNames[index]);
     }
     return opcode == effGetVstVersion ? kVstVersion : 0;
 }

