@@ -95,9 +95,8 @@ inline testing::AssertionResult refused(const HostRun& run, const std::string& p
            << "\", wanted: " << phrase;
 }
 
-/// The world that the program runs in.
 struct Surroundings {
-    long mostFileBytes = -1;  // limit on the size of a file that it writes
+    long mostFileBytes = -1;  // limit on the size of a file that the program writes
     int signal = 0;           // sent once the probe is processing
 };
 

@@ -85,7 +85,6 @@ TEST_F(RenderTest, NamesInAnyCaseAndIndicesMeanTheSameAndTheLastOneWins) {
         const Strings options = {"--set", "POWER=1", "--set", name + "=0", "--tail", "0"};
         EXPECT_TRUE(sameBits(rendered(input, options).samples, input.samples)) << name;
     }
-    rendered(input, {"--set", "-----=1", "--set=-----=0"});  // a name, not an option
 }
 
 TEST_F(RenderTest, SummaryTellsLengthAndLevels) {
