@@ -34,52 +34,6 @@ TEST(Gains, OfInputOutputAndMixMakeTheDryAndTheWetLevel) {
     EXPECT_NEAR(0.5 * 0.25 * 0.3 * 2.25, double(out.left[100]), 5.0 * kShort);
 }
 
-struct Case {
-    float value;
-    double a, b;
-};
-
-TEST(Width, GoesFromReversedStereoOverMonoToWide) {
-    // The direct and the crossing share: mid 0.501187 (-6 dB) and side +-1.995262 (6 dB) at the
-    // ends, mid 1 and side +-1 or 0 between.
-    for (const Case& c : {Case{0.0f, -1.494075, 2.496449},
-                          {0.125f, 0.0, 2.0},
-                          {0.5f, 1.0, 1.0},
-                          {0.875f, 2.0, 0.0},
-                          {1.0f, 2.496449, -1.494075}}) {
-        SCOPED_TRACE(c.value);
-        Rig rig;
-        rig.set(Family::WidthT, c.value, 0);
-        rig.settle();
-        const double level = wetLevel(rig) * double(rig.engine.tapGainSmooth[0]);
-        const double panL = double(rig.engine.panGainSmoothL[0]) * level;
-        const double panR = double(rig.engine.panGainSmoothR[0]) * level;
-        // The law's constants have six decimals.
-        const Stereo left = rig.play(impulse(10, 1.0f, 0.0f));
-        EXPECT_NEAR(c.a * panL, double(left.left[0]), 2e-6);
-        EXPECT_NEAR(c.b * panR, double(left.right[0]), 2e-6);
-        const Stereo right = rig.play(impulse(10, 0.0f, 1.0f));
-        EXPECT_NEAR(c.b * panL, double(right.left[0]), 2e-6);
-        EXPECT_NEAR(c.a * panR, double(right.right[0]), 2e-6);
-    }
-}
-
-TEST(Pan, TurnsDownTheOtherChannelOnly) {
-    for (const Case& c : {Case{0.0f, 1.0, 0.0},
-                          {0.25f, 1.0, 0.5},
-                          {0.5f, 1.0, 1.0},
-                          {0.75f, 0.5, 1.0},
-                          {1.0f, 0.0, 1.0}}) {
-        SCOPED_TRACE(c.value);
-        Rig rig;
-        rig.set(Family::PanTap, c.value, 0);
-        rig.settle();
-        const Stereo out = rig.play(constant(10, 1.0f, 1.0f));
-        EXPECT_NEAR(c.a, double(out.left[9]), 4.0 * kShort);
-        EXPECT_NEAR(c.b, double(out.right[9]), 4.0 * kShort);
-    }
-}
-
 class Limit : public ::testing::TestWithParam<LoopCase> {};
 INSTANTIATE_TEST_SUITE_P(Loops, Limit, ::testing::ValuesIn(kLoops), nameOf);
 
