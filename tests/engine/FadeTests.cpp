@@ -47,11 +47,8 @@ TEST(Fade, HoldsATapSilentForHalfASecondAndThenRaisesItLinearly) {
 TEST(Fade, StartsWithEveryDelayThatIsAppliedEvenTheSameAndOnTheGrid) {
     for (const bool onTheGrid : {false, true}) {
         Faders rig;
-        if (onTheGrid) {
-            rig.parameters.apply(command::kStepDelayUp, 0.0f);
-        } else {
-            rig.set(Family::DelayT, rig.delayValue(100), 0);
-        }
+        onTheGrid ? rig.parameters.apply(command::kStepDelayUp, 0.0f)
+                  : rig.set(Family::DelayT, rig.delayValue(100), 0);
         EXPECT_TRUE(onlyEchoes({}, rig.run(kHold).left, 0.0));
         EXPECT_NEAR(2.0 / 44100.0, double(rig.run(1).left[0] / rig.fullL), 1e-9);
     }

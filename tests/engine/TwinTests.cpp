@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(Loops, Twin,
                                            Fuzz{"EightTapsMultiEcho", kMultiEcho, true},
                                            Fuzz{"EightTapsMultiTap", kMultiTap, true},
                                            Fuzz{"GatedInput", kMultiFb, true}),
-                         [](const auto& fuzz) { return std::string(fuzz.param.name); });
+                         nameOf);
 
 constexpr uint32_t kRuns = 30;
 
