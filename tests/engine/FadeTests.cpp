@@ -44,46 +44,30 @@ TEST(Fade, HoldsATapSilentForHalfASecondAndThenRaisesItLinearly) {
     EXPECT_TRUE(sameSamples(std::vector<float>(out.size(), rig.fullR), out.right));
 }
 
-TEST(Fade, StartsWithEveryDelayThatIsAppliedEvenTheSame) {
-    Faders rig;
-    rig.set(Family::DelayT, rig.delayValue(100), 0);
-    EXPECT_TRUE(onlyEchoes({}, rig.run(kHold).left, 0.0));
-    EXPECT_NEAR(2.0 / 44100.0, double(rig.run(1).left[0] / rig.fullL), 1e-9);
+TEST(Fade, StartsWithEveryDelayThatIsAppliedEvenTheSameAndOnTheGrid) {
+    for (const bool onTheGrid : {false, true}) {
+        Faders rig;
+        onTheGrid ? rig.parameters.apply(command::kStepDelayUp, 0.0f)
+                  : rig.set(Family::DelayT, rig.delayValue(100), 0);
+        EXPECT_TRUE(onlyEchoes({}, rig.run(kHold).left, 0.0));
+        EXPECT_NEAR(2.0 / 44100.0, double(rig.run(1).left[0] / rig.fullL), 1e-9);
+    }
 }
 
-TEST(Fade, StartsWhenADelayIsSteppedOnTheGrid) {
-    Faders rig;
-    rig.parameters.apply(command::kStepDelayUp, 0.0f);
-    EXPECT_TRUE(onlyEchoes({}, rig.run(kHold).left, 0.0));
-    EXPECT_GT(rig.run(1).left[0], 0.0f);
-}
-
-TEST(Fade, OfOneTapHoldsTheOthersThatStillWait) {
-    Faders rig;
-    rig.set(Family::DelayT, rig.delayValue(100), 0);
-    rig.run(10000);
-    rig.set(Family::DelayT, rig.delayValue(200), 1);
-    const Stereo out = rig.run(kHold + 1);
-    const Stereo held = [&] {
-        Stereo s = out;
-        s.left.pop_back();
-        s.right.pop_back();
-        return s;
-    }();
-    EXPECT_TRUE(onlyEchoes({}, held.left, 0.0));
-    EXPECT_TRUE(onlyEchoes({}, held.right, 0.0));
-    EXPECT_GT(out.left.back(), 0.0f);
-    EXPECT_GT(out.right.back(), 0.0f);
-}
-
-TEST(Fade, OfOneTapStopsAnotherHalfWayUntilTheHoldIsOver) {
-    Faders rig;
-    rig.set(Family::DelayT, rig.delayValue(100), 0);
-    const float half = rig.run(kHold + kFadeIn / 2).left.back();
-    EXPECT_NEAR(0.5, double(half / rig.fullL), kDrift);
-    rig.set(Family::DelayT, rig.delayValue(200), 1);
-    EXPECT_TRUE(sameSamples(std::vector<float>(kHold, half), rig.run(kHold).left));
-    EXPECT_EQ(rig.fullL, rig.run(kFadeIn / 2 + 100).left.back());
+TEST(Fade, OfOneTapHoldsTheOthersThatStillWaitOrAreOnTheirWay) {
+    for (const size_t before : {size_t(10000), kHold + kFadeIn / 2}) {
+        SCOPED_TRACE(before);
+        Faders rig;
+        rig.set(Family::DelayT, rig.delayValue(100), 0);
+        const float held = rig.run(before).left.back();
+        EXPECT_NEAR(before > kHold ? 0.5 : 0.0, double(held / rig.fullL), kDrift);
+        rig.set(Family::DelayT, rig.delayValue(200), 1);
+        const Stereo out = rig.run(kHold);
+        EXPECT_TRUE(sameSamples(std::vector<float>(kHold, held), out.left));
+        EXPECT_TRUE(onlyEchoes({}, out.right, 0.0));
+        EXPECT_GT(rig.run(1).right.back(), 0.0f);
+        EXPECT_EQ(rig.fullL, rig.run(kFadeIn + 100).left.back());
+    }
 }
 
 TEST(Fade, LeavesTheFeedbackOfTheRawReadAlone) {
@@ -100,67 +84,43 @@ TEST(Fade, LeavesTheFeedbackOfTheRawReadAlone) {
     EXPECT_TRUE(onlyEchoes({{12 * 4000 - played, level}}, out.left, kRounding));
 }
 
-TEST(Fade, DoesNotActInMultiFbButRunsFromZeroAfterwards) {
-    Faders rig;
-    rig.set(Family::ModeFB, kMultiFb);
-    rig.run(500);
-    rig.set(Family::DelayT, rig.delayValue(150), 0);
-    const Stereo out = rig.run(kHold + 10);
-    EXPECT_TRUE(sameSamples(std::vector<float>(out.size(), rig.fullL), out.left));
-    rig.set(Family::ModeFB, kMultiEcho);
-    EXPECT_NEAR(2.0 / 44100.0, double(rig.run(1).left[0] / rig.fullL), 1e-9);
-}
-
-TEST(Fade, IsOverWhenTheProcessorsAreCleared) {
-    Faders rig;
-    rig.set(Family::DelayT, rig.delayValue(100), 0);
-    rig.run(100);
-    rig.set(Family::DelayT, rig.delayValue(200), 1);
-    rig.engine.clear();
-    const Stereo out = rig.run(100);
-    EXPECT_TRUE(sameSamples(std::vector<float>(100, rig.fullL), out.left));
-    EXPECT_TRUE(sameSamples(std::vector<float>(100, rig.fullR), out.right));
-}
+/// One tap with feedback, played an impulse of which the first echo has come.
+struct Gated : Rig {
+    Gated(int tap, float mode) {
+        set(Family::GainT, 0.0f, tap == 0 ? 1 : 0);
+        set(Family::GainT, 0.0f, 7);
+        set(Family::ActTap, 1.0f, 7);
+        set(Family::ActTap, 1.0f, tap);
+        set(Family::ModeFB, mode);
+        set(Family::AmtFBT, 0.5f, tap);
+        set(Family::TAPtoFB, 1.0f, tap);
+        delay(tap, 300);
+        settle();
+        level = wetLevel(*this) * tapLevel(*this, tap);
+        EXPECT_TRUE(onlyEchoes({{300, level}}, play(impulse(450)).left, kRounding));
+        set(Family::ActTap, 0.0f, tap);
+    }
+    double level;
+};
 
 TEST(Gate, SilencesATapAtOnceWhileItsLineKeepsRunning) {
     for (const int tap : {1, 4}) {
         SCOPED_TRACE(tap);
-        Rig rig;
-        rig.set(Family::GainT, 0.0f, 0);
-        rig.set(Family::GainT, 0.0f, 7);
-        rig.set(Family::ActTap, 1.0f, 7);
-        rig.set(Family::ActTap, 1.0f, tap);
-        rig.set(Family::AmtFBT, 0.5f, tap);
-        rig.set(Family::TAPtoFB, 1.0f, tap);
-        rig.delay(tap, 300);
-        rig.settle();
-        const double level = wetLevel(rig) * tapLevel(rig, tap);
-        EXPECT_TRUE(onlyEchoes({{300, level}}, rig.play(impulse(450)).left, kRounding));
-        rig.set(Family::ActTap, 0.0f, tap);
+        Gated rig(tap, kMultiEcho);
         EXPECT_TRUE(onlyEchoes({}, rig.play(silence(500)).left, 0.0));
         rig.set(Family::ActTap, 1.0f, tap);
-        const Stereo out = rig.play(silence(600));
-        EXPECT_TRUE(onlyEchoes({{250, level / 8.0}, {550, level / 16.0}}, out.left, kRounding));
+        EXPECT_TRUE(onlyEchoes({{250, rig.level / 8.0}, {550, rig.level / 16.0}},
+                               rig.play(silence(600)).left, kRounding));
     }
 }
 
 TEST(Gate, InMultiFbLetsATapRingOutWithoutNewInput) {
     for (const int tap : {0, 5}) {
         SCOPED_TRACE(tap);
-        Rig rig;
-        rig.set(Family::ActTap, 0.0f, 0);
-        rig.set(Family::ActTap, 1.0f, tap);
-        rig.set(Family::ModeFB, kMultiFb);
-        rig.set(Family::AmtFBT, 0.5f, tap);
-        rig.set(Family::TAPtoFB, 1.0f, tap);
-        rig.delay(tap, 300);
-        rig.settle();
-        const double level = wetLevel(rig) * tapLevel(rig, tap);
-        EXPECT_TRUE(onlyEchoes({{300, level}}, rig.play(impulse(450)).left, kRounding));
-        rig.set(Family::ActTap, 0.0f, tap);
-        const Stereo out = rig.play(impulse(1000));
-        EXPECT_TRUE(onlyEchoes({{150, level / 2.0}, {450, level / 4.0}, {750, level / 8.0}},
-                               out.left, kRounding));
+        Gated rig(tap, kMultiFb);
+        EXPECT_TRUE(
+            onlyEchoes({{150, rig.level / 2.0}, {450, rig.level / 4.0}, {750, rig.level / 8.0}},
+                       rig.play(impulse(1000)).left, kRounding));
     }
 }
 

@@ -34,69 +34,6 @@ TEST(Gains, OfInputOutputAndMixMakeTheDryAndTheWetLevel) {
     EXPECT_NEAR(0.5 * 0.25 * 0.3 * 2.25, double(out.left[100]), 5.0 * kShort);
 }
 
-TEST(Gains, LeaveTheDrySignalAloneAtMixZero) {
-    Rig rig;
-    rig.set(Family::Mix, 0.0f);
-    rig.settle();
-    const Stereo in = noise(5000, 11);
-    const Stereo out = rig.play(in);
-    const double level = double(rig.engine.mixSmooth[0]) * double(rig.engine.mixSmooth[2]);
-    EXPECT_NEAR(1.0, level, 2.0 * kShort);
-    for (size_t i = 0; i < in.size(); ++i) {
-        ASSERT_NEAR(level * double(in.right[i]), double(out.right[i]), kRounding) << "at " << i;
-    }
-}
-
-struct WidthCase {
-    float value;
-    double direct, cross;
-};
-
-TEST(Width, GoesFromReversedStereoOverMonoToWide) {
-    // Mid 0.501187 (-6 dB) and side +-1.995262 (6 dB) at the ends, mid 1 and side +-1 or 0 between.
-    for (const WidthCase& c : {WidthCase{0.0f, -1.494075, 2.496449},
-                               {0.125f, 0.0, 2.0},
-                               {0.5f, 1.0, 1.0},
-                               {0.875f, 2.0, 0.0},
-                               {1.0f, 2.496449, -1.494075}}) {
-        SCOPED_TRACE(c.value);
-        Rig rig;
-        rig.set(Family::WidthT, c.value, 0);
-        rig.settle();
-        const double level = wetLevel(rig) * double(rig.engine.tapGainSmooth[0]);
-        const double panL = double(rig.engine.panGainSmoothL[0]) * level;
-        const double panR = double(rig.engine.panGainSmoothR[0]) * level;
-        // The law's constants have six decimals.
-        const Stereo left = rig.play(impulse(10, 1.0f, 0.0f));
-        EXPECT_NEAR(c.direct * panL, double(left.left[0]), 2e-6);
-        EXPECT_NEAR(c.cross * panR, double(left.right[0]), 2e-6);
-        const Stereo right = rig.play(impulse(10, 0.0f, 1.0f));
-        EXPECT_NEAR(c.cross * panL, double(right.left[0]), 2e-6);
-        EXPECT_NEAR(c.direct * panR, double(right.right[0]), 2e-6);
-    }
-}
-
-struct PanCase {
-    float value;
-    double left, right;
-};
-
-TEST(Pan, TurnsDownTheOtherChannelOnly) {
-    for (const PanCase& c : {PanCase{0.0f, 1.0, 0.0},
-                             {0.25f, 1.0, 0.5},
-                             {0.5f, 1.0, 1.0},
-                             {0.75f, 0.5, 1.0},
-                             {1.0f, 0.0, 1.0}}) {
-        SCOPED_TRACE(c.value);
-        Rig rig;
-        rig.set(Family::PanTap, c.value, 0);
-        rig.settle();
-        const Stereo out = rig.play(constant(10, 1.0f, 1.0f));
-        EXPECT_NEAR(c.left, double(out.left[9]), 4.0 * kShort);
-        EXPECT_NEAR(c.right, double(out.right[9]), 4.0 * kShort);
-    }
-}
-
 class Limit : public ::testing::TestWithParam<LoopCase> {};
 INSTANTIATE_TEST_SUITE_P(Loops, Limit, ::testing::ValuesIn(kLoops), nameOf);
 
@@ -120,51 +57,20 @@ TEST(Limit, CutsTheSumOfTheTapsAtSixteen) {
     EXPECT_NEAR(-8.0, double(out.right[9]), 8.0 * 4.0 * kShort);
 }
 
-TEST(Limit, KeepsARunawayMasterFeedbackAtSixteen) {
-    Rig rig;
-    rig.set(Family::GainT, 0.125f, 0);  // a sixteenth
-    rig.delay(0, 1);
-    rig.settle();
-    rig.set(Family::SelectFB, 0.125f);
-    rig.set(Family::GainFB, 1.0f);
-    rig.set(Family::ActiveFB, 1.0f);
-    const Stereo out = rig.play(constant(5000, 100.0f, 4.0f));
-    const double level = wetLevel(rig) / double(rig.engine.mixSmooth[0]) * tapLevel(rig, 0);
-    const double input = 100.0 * double(rig.engine.mixSmooth[0]);
-    EXPECT_NEAR((input + 16.0) * level, double(out.left.back()), 1e-5);
-    EXPECT_NEAR((input / 25.0 + 16.0) * level, double(out.right.back()), 1e-5);
-}
-
-TEST(Meters, ShowThePeaksOfTheInputAsItCame) {
-    Rig rig;
-    rig.set(Family::Input, 0.1f);
-    rig.play(impulse(100, -2.0f, 0.25f, 99), {33});
-    EXPECT_EQ(2.0f, rig.engine.takeMeter(0));
-    EXPECT_EQ(0.25f, rig.engine.takeMeter(1));
-    EXPECT_EQ(0.0f, rig.engine.takeMeter(0));
-    rig.play(silence(10));
-    EXPECT_EQ(0.0f, rig.engine.takeMeter(1));
-}
-
-TEST(Meters, SeeTheOutputOneFrameLate) {
+TEST(Meters, ShowTheInputAsItCameAndTheOutputOneFrameLate) {
     Rig rig;
     rig.settle();
-    const Stereo out = rig.play(impulse(100, -0.5f, 1.0f, 99), {40});
-    EXPECT_EQ(0.0f, rig.engine.takeMeter(2));
+    const Stereo out = rig.play(impulse(100, -2.0f, 0.25f, 99), {33});
+    const float expected[] = {2.0f, 0.25f, -out.left[99], out.right[99]};
+    EXPECT_GT(expected[3], 0.2f);
+    for (const size_t lane : {0, 1}) {
+        EXPECT_EQ(expected[lane], rig.engine.takeMeter(lane));
+        EXPECT_EQ(0.0f, rig.engine.takeMeter(2 + lane));
+    }
     rig.play(silence(1));
-    EXPECT_LT(0.9f, out.right[99]);
-    EXPECT_EQ(-out.left[99], rig.engine.takeMeter(2));
-    EXPECT_EQ(out.right[99], rig.engine.takeMeter(3));
-}
-
-TEST(Meters, ShowTheInputTwiceWhilePassingThrough) {
-    Rig rig;
-    Stereo sound = impulse(100, -2.0f, 0.25f, 99);
-    float* const both[] = {sound.left.data(), sound.right.data()};
-    rig.engine.passThrough(both, both, 100);
-    for (const size_t lane : {0, 2}) {
-        EXPECT_EQ(2.0f, rig.engine.takeMeter(lane));
-        EXPECT_EQ(0.25f, rig.engine.takeMeter(lane + 1));
+    for (const size_t lane : {0, 1}) {
+        EXPECT_EQ(0.0f, rig.engine.takeMeter(lane));
+        EXPECT_EQ(expected[2 + lane], rig.engine.takeMeter(2 + lane));
     }
 }
 

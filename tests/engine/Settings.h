@@ -17,9 +17,7 @@ struct LoopCase {
     float mode;
     int tap;
 };
-inline std::string nameOf(const ::testing::TestParamInfo<LoopCase>& info) {
-    return info.param.name;
-}
+constexpr auto nameOf = [](const auto& info) { return std::string(info.param.name); };
 constexpr LoopCase kLoops[] = {{"FourTaps", kMultiEcho, 0},
                                {"EightTaps", kMultiEcho, 5},
                                {"EightTapsFirstGroup", kMultiTap, 2},

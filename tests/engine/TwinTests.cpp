@@ -10,9 +10,6 @@
 namespace tessel8::testing {
 namespace {
 
-/// Whether filters, saturators, reverb and modulation take part.
-constexpr bool kWithProcessors = true;
-
 class Draw {
   public:
     explicit Draw(uint32_t seed) : random(seed) {}
@@ -25,44 +22,35 @@ class Draw {
 
     int32_t delay(int32_t ringLen) {
         constexpr int32_t kShort[] = {0, 1, 2, 3, 17, 31, 32, 33, 63, 64, 65};
-        switch (below(4)) {
-            case 0:
-                return kShort[below(std::size(kShort))];
-            case 1:
-                return below(400);
-            case 2:
-                return 4410 + below(2000);  // long enough for feedback behind the processing
-            default:
-                return chance(0.2) ? ringLen - below(3) : below(ringLen);  // the whole ring, too
-        }
+        const int32_t kind = below(4);
+        return kind == 0     ? kShort[below(std::size(kShort))]
+               : kind == 1   ? below(400)
+               : kind == 2   ? 4410 + below(2000)  // long enough for feedback behind the processing
+               : chance(0.2) ? ringLen - below(3)
+                             : below(ringLen);  // the whole ring, too
     }
 
     Stereo sound(size_t frames) {
-        switch (below(4)) {
-            case 0:
-                return silence(frames);
-            case 1: {
-                Stereo s(frames);
-                for (size_t i = 0; i < frames; i += 1 + size_t(below(60))) {
-                    s.left[i] = unit();
-                    s.right[i] = -unit();
-                }
-                return s;
-            }
-            case 2:
-                return noise(frames, random(), 30.0f);  // far into the limits
-            default:
-                return noise(frames, random(), 0.5f);
+        const int32_t kind = below(4);
+        if (kind >= 2) {
+            return noise(frames, random(), kind == 2 ? 30.0f : 0.5f);  // 30 is far into the limits
         }
+        Stereo s(frames);
+        for (size_t i = 0; kind == 1 && i < frames; i += 1 + size_t(below(60))) {
+            s.left[i] = unit();
+            s.right[i] = -unit();
+        }
+        return s;
     }
 
   private:
     std::mt19937 random;
 };
 
-constexpr Family kTapLevels[] = {Family::GainT, Family::WidthT, Family::PanTap};
-constexpr Family kMasterLevels[] = {Family::Input, Family::Output, Family::Mix};
-constexpr Family kFeedback[] = {Family::GainFB, Family::PanFBL, Family::PanFBR, Family::SelectFB};
+constexpr Family kTapValues[] = {Family::GainT, Family::WidthT, Family::PanTap, Family::AmtFBT};
+constexpr Family kMasterValues[] = {Family::Input,  Family::Output, Family::Mix,     Family::GainFB,
+                                    Family::PanFBL, Family::PanFBR, Family::SelectFB};
+constexpr Family kTapSwitches[] = {Family::TAPtoFB, Family::FBPostT};
 constexpr Family kTapProcessors[] = {Family::TypeFT,  Family::FreqFT,  Family::ResoFT,
                                      Family::GainFT,  Family::SourceF, Family::DepthFT,
                                      Family::PhaseFT, Family::DriveT,  Family::RevTap};
@@ -74,11 +62,6 @@ constexpr Family kMasterProcessors[] = {
     Family::WaveMod, Family::ModeRev, Family::TypeRev,  Family::DampRev,  Family::AmtRev};
 constexpr Family kMasterProcessorSwitches[] = {Family::ActFltFB, Family::ActDrvFB, Family::ActRev,
                                                Family::ActMod};
-
-template <size_t N>
-Family anyOf(Draw& draw, const Family (&families)[N]) {
-    return families[draw.below(N)];
-}
 
 struct FuzzRig : TwinRig {
     /// The seed chooses the instruction set as well, so that all of them are measured.
@@ -104,50 +87,37 @@ struct FuzzRig : TwinRig {
     /// One random change of anything but the feedback mode and, if told so, the taps' switches.
     void changeAnything(bool switches) {
         const int tap = draw.below(kTaps);
-        switch (draw.below(kWithProcessors ? 12 : 8)) {
-            case 0:
-                changeDelay(tap);
-                if (draw.chance(0.7)) {
-                    endFades();
-                    story << " fades ended";
-                }
-                break;
-            case 1:
-                change(anyOf(draw, kTapLevels), draw.value(), tap);
-                break;
-            case 2:
-                change(anyOf(draw, kMasterLevels), draw.value());
-                break;
-            case 3:
-                change(anyOf(draw, kFeedback), draw.value());
-                break;
-            case 4:
-                change(draw.chance(0.7) ? Family::TAPtoFB : Family::ActiveFB, draw.toggle());
-                change(Family::TAPtoFB, draw.toggle(), tap);
-                break;
-            case 5:
-                change(Family::AmtFBT, draw.value(), tap);
-                break;
-            case 6:
-                change(Family::FBPostT, draw.toggle(), tap);
-                break;
-            case 7:
-                if (switches) {
-                    change(Family::ActTap, draw.toggle(), tap);
-                }
-                break;
-            case 8:
-                change(anyOf(draw, kTapProcessors), draw.value(), tap);
-                break;
-            case 9:
-                change(anyOf(draw, kTapProcessorSwitches), draw.toggle(), tap);
-                break;
-            case 10:
-                change(anyOf(draw, kMasterProcessors), draw.value());
-                break;
-            default:
-                change(anyOf(draw, kMasterProcessorSwitches), draw.toggle());
-                break;
+        const auto changeOne = [&](const auto& families, float value, int ofTap) {
+            change(families[draw.below(int32_t(std::size(families)))], value, ofTap);
+        };
+        const int32_t what = draw.below(12);
+        if (what == 0) {
+            changeDelay(tap);
+            if (draw.chance(0.7)) {
+                endFades();
+                story << " fades ended";
+            }
+        } else if (what == 1) {
+            if (switches) {
+                change(Family::ActTap, draw.toggle(), tap);
+            }
+        } else if (what < 4) {
+            changeOne(kTapValues, draw.value(), tap);
+        } else if (what < 6) {
+            changeOne(kMasterValues, draw.value(), 0);
+        } else if (what < 8) {
+            changeOne(kTapSwitches, draw.toggle(), tap);
+            if (draw.chance(0.2)) {
+                change(Family::ActiveFB, draw.toggle());
+            }
+        } else if (what == 8) {
+            changeOne(kTapProcessors, draw.value(), tap);
+        } else if (what == 9) {
+            changeOne(kTapProcessorSwitches, draw.toggle(), tap);
+        } else if (what == 10) {
+            changeOne(kMasterProcessors, draw.value(), 0);
+        } else {
+            changeOne(kMasterProcessorSwitches, draw.toggle(), 0);
         }
     }
 
@@ -186,7 +156,7 @@ struct FuzzRig : TwinRig {
             if (modes && draw.chance(0.1)) {
                 change(Family::ModeFB, float(draw.below(3)));
             }
-            if (kWithProcessors && draw.chance(0.05)) {
+            if (draw.chance(0.05)) {
                 turnLfo((draw.unit() - 0.5f) * 6.28f);
             }
             const bool active = !draw.chance(0.02);
@@ -218,39 +188,48 @@ INSTANTIATE_TEST_SUITE_P(Loops, Twin,
                                            Fuzz{"EightTapsMultiEcho", kMultiEcho, true},
                                            Fuzz{"EightTapsMultiTap", kMultiTap, true},
                                            Fuzz{"GatedInput", kMultiFb, true}),
-                         [](const auto& fuzz) { return std::string(fuzz.param.name); });
+                         nameOf);
 
 constexpr uint32_t kRuns = 30;
 
-TEST_P(Twin, GivesTheSameBitsForRandomSettings) {
+float measure(uint32_t seed, float mode, bool highTaps, int blocks, bool switches, bool modes,
+              float rate = kLowestRate) {
+    FuzzRig rig(seed, rate);
+    rig.begin(mode, highTaps);
+    rig.run(blocks, switches, modes);
+    EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
+    return rig.loudest;
+}
+
+TEST_P(Twin, GivesTheSameBitsForRandomSettingsAndWhileTapsAreSwitched) {
     float loudest = 0.0f;
     for (uint32_t seed = 1; seed <= kRuns && !HasFatalFailure(); ++seed) {
-        FuzzRig rig(seed);
-        rig.begin(GetParam().mode, GetParam().highTaps);
-        rig.run(30, false, false);
-        EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
-        loudest = std::max(loudest, rig.loudest);
+        const auto& [name, mode, highTaps] = GetParam();
+        loudest = std::max(loudest, measure(seed, mode, highTaps, 30, false, false));
+        measure(1000 + seed, mode, highTaps, 60, true, false);
     }
     EXPECT_GT(loudest, 1.0f);
 }
 
-TEST_P(Twin, GivesTheSameBitsWhileTapsAreSwitched) {
-    for (uint32_t seed = 1001; seed <= 1000 + kRuns && !HasFatalFailure(); ++seed) {
-        FuzzRig rig(seed);
-        rig.begin(GetParam().mode, GetParam().highTaps);
-        rig.run(60, true, false);
-        EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
+TEST(TwinOfAllLoops, GivesTheSameBitsWhileTheModeChangesAndAtHigherRates) {
+    for (uint32_t seed = 2001; seed <= 2000 + kRuns && !::testing::Test::HasFatalFailure();
+         ++seed) {
+        measure(seed, float(seed % 3), seed % 2 == 0, 100, true, true);
+    }
+    for (const float rate : {48000.0f, 96000.0f, 192000.0f}) {
+        measure(uint32_t(rate), kMultiEcho, true, 60, true, true, rate);
     }
 }
 
-TEST(TwinOfAllLoops, GivesTheSameBitsWhileTheModeChanges) {
-    for (uint32_t seed = 2001; seed <= 2000 + kRuns && !::testing::Test::HasFatalFailure();
-         ++seed) {
-        FuzzRig rig(seed);
-        rig.begin(float(seed % 3), seed % 2 == 0);
-        rig.run(100, true, true);
-        EXPECT_TRUE(rig.sameLines()) << "seed " << seed;
+void playAll(FuzzRig& rig, const std::vector<size_t>& sizes) {
+    rig.change(Family::GainFB, 0.9f);
+    rig.change(Family::ActiveFB, 1.0f);
+    rig.endFades();
+    for (const size_t frames : sizes) {
+        ASSERT_TRUE(rig.playBlock(noise(frames, uint32_t(frames)))) << rig.story.str();
     }
+    EXPECT_GT(rig.loudest, 0.1f);
+    EXPECT_TRUE(rig.sameLines()) << rig.story.str();
 }
 
 TEST(TwinOfAllLoops, GivesTheSameBitsForEveryTapOnTheBus) {
@@ -266,15 +245,7 @@ TEST(TwinOfAllLoops, GivesTheSameBitsForEveryTapOnTheBus) {
             rig.change(Family::AmtFBT, 0.9f, tap);
             rig.change(Family::TAPtoFB, 1.0f, tap);
             rig.change(Family::FBPostT, 1.0f, tap);
-            rig.change(Family::GainFB, 0.9f);
-            rig.change(Family::ActiveFB, 1.0f);
-            rig.endFades();
-            for (const size_t frames : {300, 1, 299, 64, 0, 33, 5000}) {
-                ASSERT_TRUE(rig.playBlock(noise(frames, uint32_t(frames))))
-                    << "tap " << tap + 1 << (on ? " on" : " off");
-            }
-            EXPECT_GT(rig.loudest, 0.1f);
-            EXPECT_TRUE(rig.sameLines());
+            playAll(rig, {300, 1, 299, 64, 0, 33, 5000});
         }
     }
 }
@@ -290,14 +261,7 @@ TEST(TwinOfAllLoops, GivesTheSameBitsForEveryShortDelayInAllTaps) {
                 rig.change(Family::AmtFBT, 0.1f * float(t + 1), t);
                 rig.change(Family::TAPtoFB, 1.0f, t);
             }
-            rig.change(Family::GainFB, 0.5f);
-            rig.change(Family::ActiveFB, 1.0f);
-            rig.endFades();
-            for (const size_t frames : {1000, 1, 32, 33, 31, 500}) {
-                ASSERT_TRUE(rig.playBlock(noise(frames, uint32_t(frames))))
-                    << "mode " << mode << ", delay " << delay;
-            }
-            EXPECT_TRUE(rig.sameLines());
+            playAll(rig, {1000, 1, 32, 33, 31, 500});
         }
     }
 }
@@ -315,46 +279,22 @@ TEST(TwinOfAllLoops, GivesTheSameBitsAfterTheProcessorsWereCleared) {
     EXPECT_TRUE(rig.sameLines());
 }
 
-TEST(TwinOfAllLoops, GivesTheSameBitsAtHigherRates) {
-    for (const float rate : {48000.0f, 96000.0f, 192000.0f}) {
-        FuzzRig rig(uint32_t(rate), rate);
-        rig.begin(kMultiEcho, true);
-        rig.run(60, true, true);
-        EXPECT_TRUE(rig.sameLines()) << rate;
-    }
-}
-
 // A tap that nobody hears still has a read, a feedback and a filter that runs. Each shows when
 // something turns to the tap.
 
-TEST(TwinOfAllLoops, GivesTheSameBitsWhenTheFollowerTurnsToATapThatIsOff) {
-    if (!kWithProcessors) {
-        GTEST_SKIP();
-    }
+TEST(TwinOfAllLoops, GivesTheSameBitsWhenTheFollowerOrASwitchTurnsToATapThatIsOff) {
     for (const int tap : {2, 6}) {
         FuzzRig rig(6000);
-        rig.delay(tap, 500);
-        rig.endFades();
-        ASSERT_TRUE(rig.playBlock(noise(300, 1)));
-        rig.set(Family::SourceEF, float(tap + 1) / 9.0f);
-        rig.set(Family::ActMod, 1.0f);
-        ASSERT_TRUE(rig.playBlock(noise(300, 2)));
-        EXPECT_TRUE(rig.sameState()) << "tap " << tap + 1;
-    }
-}
-
-TEST(TwinOfAllLoops, GivesTheSameBitsWhenATapWithAFilterIsSwitchedOn) {
-    if (!kWithProcessors) {
-        GTEST_SKIP();
-    }
-    for (const int tap : {2, 6}) {
-        FuzzRig rig(6001);
         rig.delay(tap, 500);
         rig.endFades();
         rig.set(Family::ActTap, 1.0f, 7);
         rig.set(Family::ActFltT, 1.0f, tap);
         rig.set(Family::FreqFT, 0.2f, tap);
         ASSERT_TRUE(rig.playBlock(noise(3000, 1)));
+        rig.set(Family::SourceEF, float(tap + 1) / 9.0f);
+        rig.set(Family::ActMod, 1.0f);
+        ASSERT_TRUE(rig.playBlock(noise(300, 2)));
+        EXPECT_TRUE(rig.sameState()) << "tap " << tap + 1;
         rig.set(Family::ActTap, 1.0f, tap);
         EXPECT_TRUE(rig.playBlock(noise(300, 2))) << "tap " << tap + 1;
     }

@@ -4,11 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <cstring>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "shell/Tessel8.h"
@@ -32,14 +30,6 @@ struct FakeHost {
     bool sendsMidi = false;
     bool knowsTime = false;
     VstTimeInfo time{};
-
-    int count(int32_t opcode) const {
-        int found = 0;
-        for (const Call& call : calls) {
-            found += call.opcode == opcode;
-        }
-        return found;
-    }
 };
 
 inline FakeHost host;
@@ -116,17 +106,11 @@ class HostedEffect {
     /// Whether a block of noise comes out bit by bit as it went in.
     bool isTransparent() {
         noise();
-        bool same = true;
-        for (size_t i = 0; i < kFrames; ++i) {
-            same = same && bits(inL[i]) == bits(outL[i]) && bits(inR[i]) == bits(outR[i]);
-        }
-        return same;
+        return std::memcmp(inL, outL, sizeof inL) == 0 && std::memcmp(inR, outR, sizeof inR) == 0;
     }
 
     Tessel8& object() { return *static_cast<Tessel8*>(static_cast<AudioEffect*>(effect->object)); }
     int status() { return int(object().getEngineStatus()); }
-
-    static uint32_t bits(float value) { return std::bit_cast<uint32_t>(value); }
 
     AEffect* effect;
     float inL[kFrames], inR[kFrames], outL[kFrames], outR[kFrames];

@@ -15,10 +15,6 @@ struct Stereo {
 
     explicit Stereo(size_t frames = 0) : left(frames, 0.0f), right(frames, 0.0f) {}
     size_t size() const { return left.size(); }
-    void append(const Stereo& more) {
-        left.insert(left.end(), more.left.begin(), more.left.end());
-        right.insert(right.end(), more.right.begin(), more.right.end());
-    }
 };
 
 inline Stereo silence(size_t frames) {
@@ -55,17 +51,6 @@ inline Stereo noise(size_t frames, uint32_t seed, float level = 1.0f) {
     return s;
 }
 
-/// A sine on the left and its quarter turn on the right; `cycle` in frames.
-inline Stereo sine(size_t frames, double cycle, float level = 1.0f) {
-    Stereo s(frames);
-    for (size_t i = 0; i < frames; ++i) {
-        const double turn = 2.0 * 3.14159265358979 * double(i) / cycle;
-        s.left[i] = level * float(std::sin(turn));
-        s.right[i] = level * float(std::cos(turn));
-    }
-    return s;
-}
-
 /// Every sample has the expected value; 0 and -0 are the same, and nothing equals a NaN.
 inline ::testing::AssertionResult sameSamples(const std::vector<float>& expected,
                                               const std::vector<float>& got) {
@@ -76,21 +61,15 @@ inline ::testing::AssertionResult sameSamples(const std::vector<float>& expected
     for (size_t i = 0; i < expected.size(); ++i) {
         if (!(expected[i] == got[i])) {
             return ::testing::AssertionFailure() << "first difference at " << i << ": expected "
-                                                 << ::testing::PrintToString(expected[i])
-                                                 << ", got " << ::testing::PrintToString(got[i]);
+                                                 << expected[i] << ", got " << got[i];
         }
     }
     return ::testing::AssertionSuccess();
 }
 
 inline ::testing::AssertionResult sameSound(const Stereo& expected, const Stereo& got) {
-    if (auto result = sameSamples(expected.left, got.left); !result) {
-        return result << " (left)";
-    }
-    if (auto result = sameSamples(expected.right, got.right); !result) {
-        return result << " (right)";
-    }
-    return ::testing::AssertionSuccess();
+    auto left = sameSamples(expected.left, got.left);
+    return left ? sameSamples(expected.right, got.right) << " (right)" : left << " (left)";
 }
 
 /// A sample that a test expects, at a level in double precision.

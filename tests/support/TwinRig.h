@@ -27,34 +27,23 @@ struct TwinRig : Rig {
     void set(Family family, float value, int tap = 0) {
         const int32_t typeBefore = tapType(tap);
         Rig::set(family, value, tap);
-        switch (family) {
-            case Family::DelayT:
-                fades[size_t(tap)] = true;
-                break;
-            case Family::TypeFT:
-                if (tapType(tap) != typeBefore) {
-                    later([=, this] { twin.clearTapFilter(tap); });
-                }
-                // To the target of this moment: a later gain change glides from here.
-                twin.snapTapFilterGain(tap);
-                break;
-            case Family::ActFltT:
-                later([=, this] { twin.clearTapFilter(tap); });
-                break;
-            case Family::TypeFFB:
-                later([this] { twin.clearFeedback(); });
-                break;
-            case Family::ActFltFB:
-                later([this] { twin.clearFbBiquad(); });
-                break;
-            case Family::PhaseMod:
-                later([this] { twin.respreadLfo(); });
-                break;
-            case Family::TypeRev:
-                later([this] { twin.buildReverb(); });
-                break;
-            default:
-                break;
+        if (family == Family::DelayT) {
+            fades[size_t(tap)] = true;
+        } else if (family == Family::ActFltT ||
+                   (family == Family::TypeFT && tapType(tap) != typeBefore)) {
+            later([=, this] { twin.clearTapFilter(tap); });
+        } else if (family == Family::TypeFFB) {
+            later([this] { twin.clearFeedback(); });
+        } else if (family == Family::ActFltFB) {
+            later([this] { twin.clearFbBiquad(); });
+        } else if (family == Family::PhaseMod) {
+            later([this] { twin.respreadLfo(); });
+        } else if (family == Family::TypeRev) {
+            later([this] { twin.buildReverb(); });
+        }
+        if (family == Family::TypeFT) {
+            // To the target of this moment: a later gain change glides from here.
+            twin.snapTapFilterGain(tap);
         }
     }
 
@@ -86,22 +75,22 @@ struct TwinRig : Rig {
         twin.copyLines();
     }
 
-    /// Plays one block through both and compares output and meters.
+    /// Plays one block through both, the engine in place, and compares output and meters.
     ::testing::AssertionResult playBlock(const Stereo& input, bool active = true) {
         Stereo expected(input.size());
-        Stereo got(input.size());
+        Stereo got = input;
         const auto frames = int32_t(input.size());
         const float* const in[] = {input.left.data(), input.right.data()};
         float* const out[] = {got.left.data(), got.right.data()};
         float* const twinOut[] = {expected.left.data(), expected.right.data()};
         if (active) {
-            block(in, out, frames);
+            block(out, out, frames);
             const DenormalGuard guard;
             carryOut();
             twin.beginBlock();
             twin.process(in, twinOut, frames);
         } else {
-            engine.passThrough(in, out, frames);
+            engine.passThrough(out, out, frames);
             twin.passThrough(in, twinOut, frames);
         }
         for (size_t i = 0; i < input.size(); ++i) {
@@ -122,15 +111,13 @@ struct TwinRig : Rig {
     ::testing::AssertionResult sameLines() const {
         for (int t = 0; t < kTaps; ++t) {
             const auto group = size_t(t / DelayRing::kLines);
-            const auto contents = [&](const DelayRing& ring) {
+            const auto same = [&](const std::vector<float>& expected, const DelayRing& ring) {
                 const float* const line = ring.line(t % DelayRing::kLines);
-                return std::vector<float>(line, line + engine.ringLen);
+                return sameSamples(expected, {line, line + engine.ringLen}) << " (tap " << t << ")";
             };
-            if (auto r = sameSamples(twin.lineL[size_t(t)], contents(engine.ringL[group])); !r) {
-                return r << " (left line of tap " << t + 1 << ")";
-            }
-            if (auto r = sameSamples(twin.lineR[size_t(t)], contents(engine.ringR[group])); !r) {
-                return r << " (right line of tap " << t + 1 << ")";
+            auto left = same(twin.lineL[size_t(t)], engine.ringL[group]);
+            if (auto r = left ? same(twin.lineR[size_t(t)], engine.ringR[group]) : left; !r) {
+                return r;
             }
         }
         return ::testing::AssertionSuccess();

@@ -13,71 +13,33 @@
 
 namespace {
 
-class LibraryFile {
-  public:
-    explicit LibraryFile(const char* path) {
-        std::ifstream file(path, std::ios::binary);
-        bytes.assign(std::istreambuf_iterator<char>(file), {});
-    }
-    bool isElf64() const {
-        return bytes.size() > sizeof(Elf64_Ehdr) &&
-               std::memcmp(bytes.data(), ELFMAG, SELFMAG) == 0 && bytes[EI_CLASS] == ELFCLASS64;
-    }
-    std::set<std::string> exports() const {
-        std::set<std::string> names;
-        for (const Elf64_Shdr& table : sections(SHT_DYNSYM)) {
-            for (const auto& symbol : entries<Elf64_Sym>(table)) {
-                if (symbol.st_shndx != SHN_UNDEF && ELF64_ST_BIND(symbol.st_info) != STB_LOCAL) {
-                    names.insert(text(table, symbol.st_name));
-                }
-            }
-        }
-        return names;
-    }
-    std::set<std::string> needed() const {
-        std::set<std::string> names;
-        for (const Elf64_Shdr& table : sections(SHT_DYNAMIC)) {
-            for (const auto& entry : entries<Elf64_Dyn>(table)) {
-                if (entry.d_tag == DT_NEEDED) {
-                    names.insert(text(table, entry.d_un.d_val));
-                }
-            }
-        }
-        return names;
-    }
-
-  private:
-    template <typename Record>
-    Record at(size_t offset) const {
-        Record record;
+/// The names in one kind of section of the library: of the records that `counts` picks.
+template <typename Record, typename Counts, typename Name>
+std::set<std::string> namesIn(uint32_t type, Counts counts, Name name) {
+    std::ifstream file(TESSEL8_PLUGIN, std::ios::binary);
+    const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
+    EXPECT_GT(bytes.size(), sizeof(Elf64_Ehdr));
+    EXPECT_EQ(std::memcmp(bytes.data(), ELFMAG, SELFMAG), 0);
+    const auto at = [&]<typename T>(size_t offset, T record) {
         std::memcpy(&record, bytes.data() + offset, sizeof record);
         return record;
-    }
-    Elf64_Shdr section(size_t index) const {
-        const auto head = at<Elf64_Ehdr>(0);
-        return at<Elf64_Shdr>(head.e_shoff + index * head.e_shentsize);
-    }
-    std::vector<Elf64_Shdr> sections(uint32_t type) const {
-        std::vector<Elf64_Shdr> found;
-        for (size_t i = 0; i < at<Elf64_Ehdr>(0).e_shnum; ++i) {
-            if (section(i).sh_type == type) {
-                found.push_back(section(i));
+    };
+    const auto head = at(0, Elf64_Ehdr{});
+    const auto section = [&](size_t i) {
+        return at(head.e_shoff + i * head.e_shentsize, Elf64_Shdr{});
+    };
+    std::set<std::string> names;
+    for (size_t i = 0; i < head.e_shnum; ++i) {
+        const Elf64_Shdr table = section(i);
+        for (size_t o = 0; table.sh_type == type && o < table.sh_size; o += sizeof(Record)) {
+            const auto record = at(table.sh_offset + o, Record{});
+            if (counts(record)) {
+                names.insert(bytes.data() + section(table.sh_link).sh_offset + name(record));
             }
         }
-        return found;
     }
-    template <typename Record>
-    std::vector<Record> entries(const Elf64_Shdr& table) const {
-        std::vector<Record> all(table.sh_size / sizeof(Record));
-        std::memcpy(all.data(), bytes.data() + table.sh_offset, all.size() * sizeof(Record));
-        return all;
-    }
-    std::string text(const Elf64_Shdr& table, size_t offset) const {
-        return bytes.data() + section(table.sh_link).sh_offset + offset;
-    }
-
-    std::vector<char> bytes;
-};
+    return names;
+}
 
 }  // namespace
 
@@ -85,9 +47,13 @@ TEST(DynamicSection, ExportsTheTwoEntriesAndNothingElse) {
     if (*TESSEL8_SANITIZE) {
         GTEST_SKIP() << "a sanitizer adds symbols of its own";
     }
-    const LibraryFile library(TESSEL8_PLUGIN);
-    ASSERT_TRUE(library.isElf64());
-    EXPECT_EQ(library.exports(), (std::set<std::string>{"VSTPluginMain", "main"}));
+    const auto exported = namesIn<Elf64_Sym>(
+        SHT_DYNSYM,
+        [](const auto& s) {
+            return s.st_shndx != SHN_UNDEF && ELF64_ST_BIND(s.st_info) != STB_LOCAL;
+        },
+        [](const auto& s) { return s.st_name; });
+    EXPECT_EQ(exported, (std::set<std::string>{"VSTPluginMain", "main"}));
 }
 
 TEST(DynamicSection, NeedsTheCLibraryAndTheWindowSystemAtMost) {
@@ -97,10 +63,11 @@ TEST(DynamicSection, NeedsTheCLibraryAndTheWindowSystemAtMost) {
     const std::set<std::string> kAllowed = {
         "libc.so.6",       "libm.so.6",         "ld-linux-x86-64.so.2", "libxcb.so.1",
         "libxcb-shm.so.0", "libxkbcommon.so.0", "libxkbcommon-x11.so.0"};
-    const LibraryFile library(TESSEL8_PLUGIN);
-    ASSERT_TRUE(library.isElf64());
-    EXPECT_TRUE(library.needed().count("libc.so.6"));
-    for (const std::string& name : library.needed()) {
+    const auto needed = namesIn<Elf64_Dyn>(
+        SHT_DYNAMIC, [](const auto& d) { return d.d_tag == DT_NEEDED; },
+        [](const auto& d) { return d.d_un.d_val; });
+    EXPECT_TRUE(needed.count("libc.so.6"));
+    for (const std::string& name : needed) {
         EXPECT_TRUE(kAllowed.count(name)) << name;
     }
 }

@@ -3,44 +3,30 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "vst/Vst24.h"
 
 namespace {
 
 bool hostSendsMidi = false;
-std::vector<int32_t> hostCalls;
-intptr_t wantMidiValue = 0;
+int wantsOfMidi = 0;
 
 intptr_t VST_CALL hostCallback(AEffect*, int32_t opcode, int32_t, intptr_t value, void* ptr,
                                float) {
-    hostCalls.push_back(opcode);
-    if (opcode == audioMasterWantMidi) {
-        wantMidiValue = value;
-    }
+    wantsOfMidi += opcode == audioMasterWantMidi && value == 1;
     if (opcode == audioMasterCanDo) {
         return hostSendsMidi && std::strcmp(static_cast<char*>(ptr), "sendVstMidiEvent") == 0;
     }
     return opcode == audioMasterVersion ? 2400 : 0;
 }
 
-int timesCalled(int32_t opcode) {
-    return int(std::count(hostCalls.begin(), hostCalls.end(), opcode));
-}
-
 class Plugin : public testing::Test {
   protected:
     using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
 
-    Plugin() : library(dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL)) {
-        hostSendsMidi = false;
-        hostCalls.clear();
-    }
     ~Plugin() override {
         if (effect) {
             send(effClose);
@@ -50,6 +36,9 @@ class Plugin : public testing::Test {
         }
     }
     void SetUp() override {
+        hostSendsMidi = false;
+        wantsOfMidi = 0;
+        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
         ASSERT_NE(library, nullptr) << dlerror();
         effect = entry("VSTPluginMain")(hostCallback);
         ASSERT_NE(effect, nullptr);
@@ -68,7 +57,7 @@ class Plugin : public testing::Test {
     }
     intptr_t canDo(const char* what) { return send(effCanDo, 0, 0, const_cast<char*>(what)); }
 
-    void* library;
+    void* library = nullptr;
     AEffect* effect = nullptr;
 };
 
@@ -83,7 +72,6 @@ TEST_F(Plugin, BothEntriesGiveAnEffectOfTheirOwn) {
     second->setParameter(second, 3, 0.25f);
     EXPECT_EQ(effect->getParameter(effect, 3), 0.5f);
     EXPECT_EQ(second->dispatcher(second, effClose, 0, 0, nullptr, 0.0f), 1);
-    EXPECT_EQ(effect->getParameter(effect, 3), 0.5f);
 }
 
 TEST_F(Plugin, TheRecordShowsAnEffectOfTwoChannelsAnd215Parameters) {
@@ -97,54 +85,30 @@ TEST_F(Plugin, TheRecordShowsAnEffectOfTwoChannelsAnd215Parameters) {
     EXPECT_EQ(effect->ioRatio, 1.0f);
     EXPECT_EQ(effect->uniqueID, 0x54534C38);  // "TSL8"
     EXPECT_EQ(effect->version, 1);
-    EXPECT_NE(effect->object, nullptr);
     EXPECT_NE(effect->process, nullptr);
-    EXPECT_NE(effect->processReplacing, nullptr);
     EXPECT_NE(effect->processDoubleReplacing, nullptr);
-    EXPECT_EQ(effect->reservedForHost1, 0);
-    EXPECT_EQ(effect->reservedForHost2, 0);
-    EXPECT_EQ(effect->realQualities, 0);
-    EXPECT_EQ(effect->offQualities, 0);
-    EXPECT_EQ(effect->user, nullptr);
-    for (const char byte : effect->future) {
-        EXPECT_EQ(byte, 0);
-    }
 }
 
-TEST_F(Plugin, TellsItsNamesItsCategoryAndItsVersions) {
+TEST_F(Plugin, TellsNamesVersionsAndParameters) {
     EXPECT_EQ(text(effGetEffectName), "1 Vantor Tessel Echo");
     EXPECT_EQ(text(effGetVendorString), "1 Vantoraudio");
     EXPECT_EQ(text(effGetProductString), "1 Vantor Tessel Echo - 8 tap delay plug-in");
+    EXPECT_EQ(text(effGetParamName, 205), "0 LinkPanFB");  // nine characters, uncut
+    EXPECT_EQ(text(effGetParamLabel, 12), "0 Deg");
+    EXPECT_EQ(text(effGetParamDisplay, 192), "0 MultiEcho");
+    EXPECT_EQ(text(effGetProgramNameIndexed, 140), "0 untouched");
+    for (const int32_t index : {215, 300, -1}) {
+        EXPECT_EQ(text(effGetParamName, index), "0 ");
+        EXPECT_EQ(text(effGetParamLabel, index), "0 ");
+        EXPECT_EQ(text(effGetParamDisplay, index), "0 ");
+        EXPECT_EQ(send(effCanBeAutomated, index), 1);
+    }
     EXPECT_EQ(send(effGetVendorVersion), 17170781);
     EXPECT_EQ(send(effGetVstVersion), 2400);
     EXPECT_EQ(send(effGetPlugCategory), 1);
     EXPECT_EQ(send(effIdentify), 0x4E764566);  // "NvEf"
     EXPECT_EQ(send(effGetCurrentMidiProgram), -1);
-}
-
-TEST_F(Plugin, TellsNamesLabelsAndTextsOfParameters) {
-    EXPECT_EQ(text(effGetParamName, 42), "0 FbPostT3");
-    EXPECT_EQ(text(effGetParamName, 205), "0 LinkPanFB");  // nine characters, uncut
-    EXPECT_EQ(text(effGetParamLabel, 12), "0 Deg");
-    EXPECT_EQ(text(effGetParamDisplay, 192), "0 MultiEcho");
-    for (const int32_t opcode : {effGetParamName, effGetParamLabel, effGetParamDisplay}) {
-        for (const int32_t index : {215, 300, -1}) {
-            EXPECT_EQ(text(opcode, index), "0 ") << "opcode " << opcode;
-        }
-    }
-    for (const int32_t index : {0, 214, 300, -1}) {
-        EXPECT_EQ(send(effCanBeAutomated, index), 1) << "index " << index;
-    }
-}
-
-TEST_F(Plugin, ProgramsBelongToThePanel) {
-    EXPECT_EQ(text(effGetProgramNameIndexed, 139), "1 *init");
-    EXPECT_EQ(text(effGetProgramNameIndexed, 140), "0 untouched");
-    EXPECT_EQ(send(effSetProgram, 0, 5), 0);
-    EXPECT_EQ(send(effGetProgram), 0);
-    char name[] = "Mine";
-    EXPECT_EQ(send(effSetProgramName, 0, 0, name), 0);
-    EXPECT_EQ(text(effGetProgramName), "0 Mine");
+    EXPECT_EQ(send(effSetTotalSampleToProcess, 0, 123456789), 123456789);
 }
 
 TEST_F(Plugin, TakesNullPointersWhereAHostForgetsThem) {
@@ -172,50 +136,35 @@ TEST_F(Plugin, AnswersZeroToEverythingThatItDoesNotServe) {
             EXPECT_EQ(send(opcode, 3, 2), 0) << "opcode " << opcode;
         }
     }
-    for (const int32_t opcode : {INT32_MIN, 1000, 0x7fffffff}) {
-        EXPECT_EQ(send(opcode, -1, -1), 0) << "opcode " << opcode;
-    }
-    EXPECT_EQ(send(effGetTailSize), 0);
-    effect->setParameter(effect, 24, 1.0f);
-    EXPECT_EQ(send(effGetTailSize), 0);
+    EXPECT_EQ(send(INT32_MIN, -1, -1) | send(INT32_MAX, -1, -1), 0);
 }
 
-TEST_F(Plugin, HasNoSpeakerArrangementAndCountsBackWhatItIsTold) {
+TEST_F(Plugin, HasNoSpeakerArrangementAndAPanelOf870By565) {
     int something = 0;
     void* places[] = {&something, &something};
     EXPECT_EQ(send(effGetSpeakerArrangement, 0, reinterpret_cast<intptr_t>(&places[0]), &places[1]),
               0);
-    EXPECT_EQ(places[0], nullptr);
-    EXPECT_EQ(places[1], nullptr);
-    EXPECT_EQ(send(effSetTotalSampleToProcess, 0, 123456789), 123456789);
-}
-
-TEST_F(Plugin, ShowsAPanelOf870By565) {
+    EXPECT_TRUE(!places[0] && !places[1]);
     ERect* rect = nullptr;
     EXPECT_EQ(send(effEditGetRect, 0, 0, &rect), 1);
     ASSERT_NE(rect, nullptr);
     EXPECT_EQ(rect->right - rect->left, 870);
     EXPECT_EQ(rect->bottom - rect->top, 565);
-    EXPECT_EQ(send(effEditIdle), 0);
-    EXPECT_EQ(send(effEditClose), 0);
 }
 
 TEST_F(Plugin, WantsMidiOnEachResumeWhereTheHostSendsIt) {
-    hostCalls.clear();
     send(effMainsChanged, 0, 1);
     EXPECT_EQ(canDo("receiveVstMidiEvent"), 0);
-    EXPECT_EQ(timesCalled(audioMasterWantMidi), 0);
+    EXPECT_EQ(wantsOfMidi, 0);
     hostSendsMidi = true;
     for (int turn = 1; turn <= 2; ++turn) {
         send(effMainsChanged, 0, 1);
-        EXPECT_EQ(timesCalled(audioMasterWantMidi), turn);
-        EXPECT_EQ(wantMidiValue, 1);
         send(effMainsChanged, 0, 0);
-        EXPECT_EQ(timesCalled(audioMasterWantMidi), turn);
+        EXPECT_EQ(wantsOfMidi, turn);
     }
     EXPECT_EQ(canDo("receiveVstMidiEvent"), 1);
-    for (const char* what : {"sendVstMidiEvent", "sendVstEvents", "receiveVstEvents", "bypass", "",
-                             "receiveVstMidiEven", "receiveVstMidiEvents", "2in2out"}) {
+    for (const char* what :
+         {"sendVstMidiEvent", "", "receiveVstMidiEven", "receiveVstMidiEvents"}) {
         EXPECT_EQ(canDo(what), 0) << what;
     }
 }
@@ -230,14 +179,11 @@ TEST_F(Plugin, GivesAnEchoAndCanBeClosedAndLoadedAgain) {
         effect->setParameter(effect, 24, 1000.0f / 384000.0f);
         send(effMainsChanged, 0, 1);
         float left[2048] = {0.5f}, right[2048] = {}, outL[2048], outR[2048];
-        for (int warmUp = 0; warmUp < 20; ++warmUp) {
-            float* inputs[] = {right, right};
+        for (int block = 0; block <= 20; ++block) {
+            float* inputs[] = {block == 20 ? left : right, right};
             float* outputs[] = {outL, outR};
             effect->processReplacing(effect, inputs, outputs, 2048);
         }
-        float* inputs[] = {left, right};
-        float* outputs[] = {outL, outR};
-        effect->processReplacing(effect, inputs, outputs, 2048);
         for (int i = 0; i < 2048; ++i) {
             EXPECT_NEAR(outL[i], i == 1000 ? 0.5f : 0.0f, 1e-3f) << "frame " << i;
             EXPECT_EQ(outR[i], 0.0f) << "frame " << i;
@@ -245,7 +191,6 @@ TEST_F(Plugin, GivesAnEchoAndCanBeClosedAndLoadedAgain) {
         EXPECT_EQ(send(effClose), 1);
         EXPECT_EQ(dlclose(library), 0);
         effect = nullptr;
-        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
         SetUp();
     }
 }
