@@ -11,6 +11,8 @@ target_compile_options(tessel8_options INTERFACE
 
 if(TESSEL8_SANITIZE)
   target_compile_options(tessel8_options INTERFACE
-    -fsanitize=${TESSEL8_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -fsanitize=${TESSEL8_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    # Instrumented code confuses this warning, in the standard library as well as here.
+    -Wno-maybe-uninitialized)
   target_link_options(tessel8_options INTERFACE -fsanitize=${TESSEL8_SANITIZE})
 endif()
