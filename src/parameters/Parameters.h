@@ -49,7 +49,6 @@ class Parameters {
     void beginBlock();
 
     bool isPowered() const { return kept(Family::Power) != 0.0f; }
-    float meterMode() const { return meterModeValue; }
     void endMidiLearn();
 
   private:

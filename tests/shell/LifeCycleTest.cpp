@@ -104,7 +104,13 @@ TEST_F(LifeCycle, ARateChangeWithoutSuspendStartsSilentWithinTheNewMemory) {
     float impulse[HostedEffect::kFrames] = {1.0f};
     hosted.process(impulse, impulse, HostedEffect::kFrames);
     EXPECT_EQ(hosted.peakOfSilence(688), 0.0f);
-    EXPECT_GT(hosted.peakOfSilence(1), 0.0f);  // frame 352799 is in block 689
+    // Frame 352799 is the 31st of block 689.
+    float silence[HostedEffect::kFrames] = {};
+    hosted.process(silence, silence, HostedEffect::kFrames);
+    for (int32_t i = 0; i < 31; ++i) {
+        EXPECT_EQ(hosted.outL[i], 0.0f) << "frame " << 352768 + i;
+    }
+    EXPECT_NE(hosted.outL[31], 0.0f);
 }
 
 TEST_F(LifeCycle, PowerOffIsTransparentAndMetersTheInputOnBothPairs) {
