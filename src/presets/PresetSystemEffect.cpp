@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "presets/factory/FactoryBank.h"
+
 namespace tessel8 {
 
 namespace {
@@ -24,7 +26,7 @@ CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback callback)
 }
 
 void CPresetSystemEffect::initFactoryBank() {
-    std::fill_n(programs.get(), kProgramCount, neutralProgram());
+    writeFactoryBank({programs.get(), kProgramCount});
 }
 
 void CPresetSystemEffect::setParameter(int32_t index, float value) {
