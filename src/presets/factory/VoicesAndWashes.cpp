@@ -180,7 +180,7 @@ constexpr FactoryProgram kRows[] = {
       {Note, grid(8)},
       {ZoomDel, kZoomBeat},
       {Mix, 0.45},
-      {Output, dB(3)},
+      {Output, dB(2.5)},
       {DelayT, beats(0.5), beats(1)},
       {GainT, dB(0), dB(-3)},
       {WidthT, 0.5, 0.5},
