@@ -189,7 +189,7 @@ constexpr FactoryProgram kRows[] = {
       {SelectFB, 0.25},
       {GainFB, 0.5},
       {ActiveFB, 1}}},
-    // Two quarters of a bar, their low passes breathing slowly in opposite directions.
+    // A quarter and a half note whose low passes breathe slowly in opposite directions.
     {"Smooth Filtered Del QDE",
      {{TimeMode, kSync},
       {Note, grid(4)},
