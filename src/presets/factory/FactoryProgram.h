@@ -64,7 +64,8 @@ struct FactoryProgram {
 extern const std::span<const FactoryProgram> kTemplates;        // 2 to 9
 extern const std::span<const FactoryProgram> kVoicesAndWashes;  // 10 to 35
 extern const std::span<const FactoryProgram> kEchoes;           // 36 to 61
-extern const std::span<const FactoryProgram> kGrooves;          // 62 to 81
+extern const std::span<const FactoryProgram> kGrooves;          // 62 to 71
+extern const std::span<const FactoryProgram> kRhythms;          // 72 to 81
 extern const std::span<const FactoryProgram> kPlaces;           // 82 to 103
 extern const std::span<const FactoryProgram> kMachines;         // 104 to 131
 
