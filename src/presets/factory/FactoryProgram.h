@@ -66,7 +66,8 @@ extern const std::span<const FactoryProgram> kVoicesAndWashes;  // 10 to 35
 extern const std::span<const FactoryProgram> kEchoes;           // 36 to 61
 extern const std::span<const FactoryProgram> kGrooves;          // 62 to 71
 extern const std::span<const FactoryProgram> kRhythms;          // 72 to 81
-extern const std::span<const FactoryProgram> kPlaces;           // 82 to 103
+extern const std::span<const FactoryProgram> kPlaces;           // 82 to 91
+extern const std::span<const FactoryProgram> kJourneys;         // 92 to 103
 extern const std::span<const FactoryProgram> kMachines;         // 104 to 131
 
 }  // namespace tessel8::factory

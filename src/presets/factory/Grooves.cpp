@@ -7,9 +7,9 @@ namespace {
 
 using enum Family;
 
-// `FreqMod` in note mode at 120 BPM, to the last bit: one cycle a bar, a half, a quarter note.
-constexpr double kCycleOfBar = 0.146240622, kCycleOfHalf = 0.25, kCycleOfQuarter = 0.396240622;
-constexpr double kHalves = sixDecimals(1 / 12.0), kQuarters = sixDecimals(3 / 12.0);  // DenomMod
+// `FreqMod` in note mode at 120 BPM, to the last bit: one cycle a bar, one a quarter note.
+constexpr double kCycleOfBar = 0.146240622, kCycleOfQuarter = 0.396240622;
+constexpr double kQuarters = sixDecimals(3 / 12.0);  // DenomMod
 
 constexpr FactoryProgram kRows[] = {
     // Dotted eighths that lose their warmth step by step, on a bright plate.
