@@ -68,6 +68,8 @@ extern const std::span<const FactoryProgram> kGrooves;          // 62 to 71
 extern const std::span<const FactoryProgram> kRhythms;          // 72 to 81
 extern const std::span<const FactoryProgram> kPlaces;           // 82 to 91
 extern const std::span<const FactoryProgram> kJourneys;         // 92 to 103
-extern const std::span<const FactoryProgram> kMachines;         // 104 to 131
+extern const std::span<const FactoryProgram> kMachines;         // 104 to 116
+extern const std::span<const FactoryProgram> kVisions;          // 117 to 126
+extern const std::span<const FactoryProgram> kRefrains;         // 127 to 131
 
 }  // namespace tessel8::factory
