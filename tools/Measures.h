@@ -6,8 +6,7 @@
 
 namespace tessel8::tools {
 
-/// Levels are linear, of both channels together; RMS, width and centroid those of the signal's
-/// time, without the tail.
+/// Levels are linear, of both channels together; RMS, width and centroid leave out the tail.
 struct Measures {
     bool finite;      ///< no sample is infinite or NaN
     double peak;      ///< of the whole sound
@@ -18,13 +17,6 @@ struct Measures {
     double width;     ///< RMS of the side over RMS of the middle
     double centroid;  ///< power-weighted mean frequency, Hz
 };
-
-/// A level that is silence where a level is the reference: -100 dBFS.
-constexpr double kSilence = 1.0e-5;
-
-inline double decibels(double level) {
-    return 20.0 * std::log10(level);
-}
 
 /// From frame `first` to before `last`.
 inline double rmsOf(const Sound& sound, size_t first, size_t last) {
@@ -51,9 +43,8 @@ inline double decayOf(const Sound& sound, size_t end, double level) {
 inline double widthOf(const Sound& sound, size_t end) {
     double middle = 0.0, side = 0.0;
     for (size_t i = 0; i < end; ++i) {
-        const std::complex<double> frame(sound[i]);
-        middle += std::pow(frame.real() + frame.imag(), 2);
-        side += std::pow(frame.real() - frame.imag(), 2);
+        middle += std::pow(double(sound[i].real()) + double(sound[i].imag()), 2);
+        side += std::pow(double(sound[i].real()) - double(sound[i].imag()), 2);
     }
     return side > 0.0 ? std::sqrt(side / middle) : 0.0;
 }
@@ -68,15 +59,10 @@ inline void transform(const std::complex<double>* in, std::complex<double>* out,
     const size_t half = size / 2;
     transform(in, out, half, 2 * stride);
     transform(in + stride, out + half, half, 2 * stride);
-    // The factors by rotation and the products written out: the library's are exact and slow.
     const auto step = std::polar(1.0, -2.0 * std::numbers::pi / double(size));
-    const auto times = [](std::complex<double> a, std::complex<double> b) {
-        return std::complex(a.real() * b.real() - a.imag() * b.imag(),
-                            a.real() * b.imag() + a.imag() * b.real());
-    };
     std::complex<double> factor = 1.0;
-    for (size_t k = 0; k < half; ++k, factor = times(factor, step)) {
-        const auto even = out[k], odd = times(factor, out[k + half]);
+    for (size_t k = 0; k < half; ++k, factor *= step) {
+        const auto even = out[k], odd = factor * out[k + half];
         out[k] = even + odd;
         out[k + half] = even - odd;
     }
@@ -104,9 +90,9 @@ inline double centroidOf(const Sound& sound, size_t end) {
 }
 
 /// `end` is the frame in which the signal ended. The level there is the RMS of the last beat, so
-/// that it is not that of a gap between two hits.
+/// that it is not that of a gap between two hits, and at least -100 dBFS.
 inline Measures measure(const Sound& sound, size_t end) {
-    const double level = std::max(kSilence, rmsOf(sound, end - framesOf(kBeatSeconds), end));
+    const double level = std::max(1.0e-5, rmsOf(sound, end - framesOf(kBeatSeconds), end));
     const double last = rmsOf(sound, sound.size() - framesOf(2.0), sound.size());
     return {.finite = std::isfinite(rmsOf(sound, 0, sound.size())),
             .peak = peakOf(sound),
@@ -117,10 +103,9 @@ inline Measures measure(const Sound& sound, size_t end) {
             .centroid = centroidOf(sound, end)};
 }
 
-/// Whether the RMS of the difference is below 1 % of the louder sound's. Same lengths.
-inline bool areAlike(const Sound& a, const Sound& b) {
-    const double rms = std::max(rmsOf(a, 0, a.size()), rmsOf(b, 0, b.size()));
-    const double limit = 1.0e-4 * rms * rms * double(2 * a.size());
+/// Whether the RMS of the difference of two equally long sounds is below `level`.
+inline bool areCloser(const Sound& a, const Sound& b, double level) {
+    const double limit = level * level * double(2 * a.size());
     double sum = 0.0;
     for (size_t i = 0; i < a.size() && sum <= limit; ++i) {
         sum += std::norm(std::complex<double>(a[i] - b[i]));

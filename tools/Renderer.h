@@ -3,20 +3,18 @@
 // A factory program on an effect of its own, played by a host with a steady tempo.
 
 #include <memory>
-#include <string>
 
 #include "shell/Tessel8.h"
 #include "tools/Signals.h"
 
 namespace tessel8::tools {
 
-constexpr int32_t kBlockFrames = 256;
+constexpr size_t kBlockFrames = 256;
 constexpr double kTailSeconds = 12.0;
 /// Silence before the signal. A delay that the program or the first sight of the host's tempo
 /// changes is silent for 0.5 s and fades in for 0.5 s; gains glide shorter than that.
 constexpr double kPreRollSeconds = 1.25;
-/// Where the signal starts in the song, in quarter notes: at the second bar.
-constexpr double kSignalStart = 4.0;
+constexpr double kSignalStart = 4.0;  ///< its place in the song, quarter notes: the second bar
 
 /// The effect's record leads to the transport, a `VstTimeInfo`, once there is one.
 inline intptr_t VST_CALL reportHost(AEffect* effect, int32_t opcode, int32_t, intptr_t, void*,
@@ -27,13 +25,9 @@ inline intptr_t VST_CALL reportHost(AEffect* effect, int32_t opcode, int32_t, in
     return opcode == audioMasterGetTime && effect ? effect->reservedForHost1 : 0;
 }
 
-struct Rendering {
-    std::string name;  ///< of the program
-    Sound sound;       ///< from the signal's start to the tail's end
-};
-
-/// Plays program 0 to 139 on a new effect, so that nothing is left of the one before.
-inline Rendering render(int32_t program, const Sound& signal) {
+/// Plays program 0 to 139 on a new effect, so that nothing is left of the one before; gives what
+/// comes out from the signal's start to the tail's end.
+inline Sound render(int32_t program, const Sound& signal) {
     VstTimeInfo time{};
     time.sampleRate = kSampleRate;
     time.tempo = kTempo;
@@ -44,32 +38,26 @@ inline Rendering render(int32_t program, const Sound& signal) {
     effect->resume();
     effect->selectProgram(program);
 
-    Rendering result;
-    char name[kNameBytes + 1] = {};
-    effect->getProgramName(name);
-    result.name = name;
-    result.sound.resize(signal.size() + framesOf(kTailSeconds));
-    float left[kBlockFrames], right[kBlockFrames], outLeft[kBlockFrames], outRight[kBlockFrames];
-    float* inputs[] = {left, right};
-    float* outputs[] = {outLeft, outRight};
-    const auto end = int64_t(result.sound.size());
-    for (int64_t first = -int64_t(framesOf(kPreRollSeconds)); first < end; first += kBlockFrames) {
-        const auto frames = int32_t(std::min(int64_t(kBlockFrames), end - first));
-        for (int32_t i = 0; i < frames; ++i) {
-            const auto at = size_t(first + i);  // before the signal: beyond its end
-            left[i] = at < signal.size() ? signal[at].real() : 0.0f;
-            right[i] = at < signal.size() ? signal[at].imag() : 0.0f;
+    const size_t before = framesOf(kPreRollSeconds);
+    Sound sound(before);
+    sound.insert(sound.end(), signal.begin(), signal.end());
+    sound.resize(sound.size() + framesOf(kTailSeconds));
+    float left[kBlockFrames], right[kBlockFrames];
+    float* channels[] = {left, right};  // in place, as many hosts do it
+    for (size_t first = 0; first < sound.size(); first += kBlockFrames) {
+        const size_t frames = std::min(kBlockFrames, sound.size() - first);
+        for (size_t i = 0; i < frames; ++i) {
+            left[i] = sound[first + i].real();
+            right[i] = sound[first + i].imag();
         }
-        time.samplePos = double(first) + kSignalStart * kBeatSeconds * kSampleRate;
-        time.ppqPos = time.samplePos / (kBeatSeconds * kSampleRate);
-        effect->processReplacing(inputs, outputs, frames);
-        for (int32_t i = 0; i < frames; ++i) {
-            if (first + i >= 0) {
-                result.sound[size_t(first + i)] = {outLeft[i], outRight[i]};
-            }
+        time.samplePos = double(first);
+        time.ppqPos = kSignalStart + (double(first) - double(before)) / kSampleRate / kBeatSeconds;
+        effect->processReplacing(channels, channels, int32_t(frames));
+        for (size_t i = 0; i < frames; ++i) {
+            sound[first + i] = {left[i], right[i]};
         }
     }
-    return result;
+    return {sound.begin() + int64_t(before), sound.end()};
 }
 
 }  // namespace tessel8::tools

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
-#include <cstdint>
 #include <numbers>
 #include <random>
 #include <vector>
@@ -22,8 +21,8 @@ constexpr double kSignalPeak = 0.5;     ///< -6 dBFS
 /// Fourier transform does for both channels.
 using Sound = std::vector<std::complex<float>>;
 
-constexpr size_t framesOf(double seconds) {
-    return size_t(seconds * kSampleRate + 0.5);
+inline size_t framesOf(double seconds) {
+    return size_t(std::lround(seconds * kSampleRate));
 }
 
 /// Largest absolute sample of both channels.
@@ -35,83 +34,60 @@ inline double peakOf(const Sound& sound) {
     return double(peak);
 }
 
-/// Scales a sound to the peak that all test signals have.
-inline void normalise(Sound& sound) {
+inline Sound withSignalPeak(Sound sound) {
     const auto gain = float(kSignalPeak / peakOf(sound));
-    for (auto& frame : sound) {
-        frame *= gain;
-    }
+    std::for_each(sound.begin(), sound.end(), [gain](auto& frame) { frame *= gain; });
+    return sound;
 }
 
 inline double sineOf(double turns) {
     return std::sin(2.0 * std::numbers::pi * turns);
 }
 
-enum class Drum : uint8_t { Kick, Snare, Hat };
-
-/// A drum `t` seconds after it was hit; `noise` is white, within +-1.
-inline double drumAt(Drum drum, double t, double noise) {
-    switch (drum) {
-        case Drum::Kick:  // falls from 150 to 50 Hz
-            return sineOf(50.0 * t + 3.0 * (1.0 - std::exp(-t / 0.03))) * std::exp(-t / 0.12);
-        case Drum::Snare:
-            return 0.4 * (sineOf(190.0 * t) * std::exp(-t / 0.05) + noise * std::exp(-t / 0.06));
-        default:
-            return 0.25 * noise * std::exp(-t / 0.02);
-    }
-}
-
-/// Two bars of kick, snare and hats: the snare's noise is wide, the hats are left and right in
-/// turn.
+/// Two bars of (k)ick, (s)nare and (h)ats in eighth notes. The noise differs from side to side;
+/// hats are left and right in turn.
 inline Sound drumLoop() {
-    static constexpr struct {
-        double beat;
-        Drum drum;
-        float left, right;
-    } kBar[] = {{0.0, Drum::Kick, 1.0f, 1.0f},  {1.0, Drum::Snare, 1.0f, 1.0f},
-                {2.0, Drum::Kick, 1.0f, 1.0f},  {2.5, Drum::Kick, 0.8f, 0.8f},
-                {3.0, Drum::Snare, 1.0f, 1.0f}, {0.0, Drum::Hat, 1.0f, 0.3f},
-                {0.5, Drum::Hat, 0.3f, 1.0f},   {1.0, Drum::Hat, 1.0f, 0.3f},
-                {1.5, Drum::Hat, 0.3f, 1.0f},   {2.0, Drum::Hat, 1.0f, 0.3f},
-                {2.5, Drum::Hat, 0.3f, 1.0f},   {3.0, Drum::Hat, 1.0f, 0.3f},
-                {3.5, Drum::Hat, 0.3f, 1.0f}};
     Sound loop(framesOf(kSignalSeconds));
     std::minstd_rand random(1);
-    const auto noise = [&] { return 2.0 * double(random()) / double(random.max()) - 1.0; };
-    for (const double bar : {0.0, 4.0}) {
-        for (const auto& hit : kBar) {
-            const size_t start = framesOf((bar + hit.beat) * kBeatSeconds);
-            for (size_t i = start; i < loop.size(); ++i) {
-                const double t = double(i - start) / kSampleRate;
-                const auto left = float(drumAt(hit.drum, t, noise()));
-                const auto right = float(drumAt(hit.drum, t, noise()));
-                loop[i] += std::complex(hit.left * left, hit.right * right);
-            }
+    const auto sampleOf = [&](char drum, double t) {
+        const double noise = 2.0 * double(random()) / double(std::minstd_rand::max()) - 1.0;
+        const double thump = sineOf(50.0 * t + 3.0 * (1.0 - std::exp(-t / 0.03)));
+        const double crack = sineOf(190.0 * t) * std::exp(-t / 0.05) + noise * std::exp(-t / 0.06);
+        return float(drum == 'k'   ? thump * std::exp(-t / 0.12)
+                     : drum == 's' ? 0.4 * crack
+                     : drum == 'h' ? 0.25 * noise * std::exp(-t / 0.02)
+                                   : 0.0);
+    };
+    for (size_t eighth = 0; eighth < 16; ++eighth) {
+        const float left = eighth % 2 == 0 ? 1.0f : 0.3f, right = 1.3f - left;
+        const char drum = "k.s.kks."[eighth % 8];
+        const size_t start = framesOf(double(eighth) * kBeatSeconds / 2.0);
+        for (size_t i = start; i < loop.size(); ++i) {
+            const double t = double(i - start) / kSampleRate;
+            // Braces: the left side's noise comes first with every compiler.
+            loop[i] += std::complex{left * sampleOf('h', t), right * sampleOf('h', t)};
+            loop[i] += std::complex{sampleOf(drum, t), sampleOf(drum, t)};
         }
     }
-    normalise(loop);
-    return loop;
+    return withSignalPeak(std::move(loop));
 }
 
 /// Four notes of two detuned saws each over a sine, with an attack of 0.3 s and an end of 5 ms.
 inline Sound chord() {
-    constexpr int kPartials = 24;
-    constexpr double kDetune = 0.002, kAttack = 0.3, kRelease = 0.005;
     Sound sound(framesOf(kSignalSeconds));
     for (size_t i = 0; i < sound.size(); ++i) {
         const double t = double(i) / kSampleRate;
-        const double level = std::min({1.0, t / kAttack, (kSignalSeconds - t) / kRelease});
+        const double level = std::min({1.0, t / 0.3, (kSignalSeconds - t) / 0.005});
         double low = sineOf(65.41 * t), high = low;
         for (const double frequency : {130.81, 164.81, 196.00, 246.94}) {
-            for (int partial = 1; partial <= kPartials; ++partial) {
-                low += sineOf(frequency * (1.0 - kDetune) * partial * t) / partial;
-                high += sineOf(frequency * (1.0 + kDetune) * partial * t) / partial;
+            for (int partial = 1; partial <= 24; ++partial) {
+                low += sineOf(0.998 * frequency * partial * t) / partial;
+                high += sineOf(1.002 * frequency * partial * t) / partial;
             }
         }
         sound[i] = {float(level * (low + 0.4 * high)), float(level * (0.4 * low + high))};
     }
-    normalise(sound);
-    return sound;
+    return withSignalPeak(std::move(sound));
 }
 
 }  // namespace tessel8::tools
