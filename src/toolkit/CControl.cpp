@@ -6,8 +6,9 @@
 
 namespace tessel8 {
 
-CControl::CControl(const CRect& rect, CControlListener* hearer, int32_t identity, CBitmap* bitmap)
-    : CView(rect), listener(hearer), tag(identity) {
+CControl::CControl(const CRect& rect, CControlListener* hearer, int32_t identity, CBitmap* bitmap,
+                   const CPoint& bitmapOffset)
+    : CView(rect), listener(hearer), tag(identity), backOffset(bitmapOffset) {
     background = Shared<CBitmap>(bitmap);
 }
 
@@ -114,6 +115,12 @@ void CControl::endEdit() {
 
 void CControl::removeListener(CControlListener* hearer) {
     std::erase(subListeners, hearer);
+}
+
+void CControl::drawBackground(CDrawContext& context, const CPoint& place) const {
+    if (background) {
+        background->draw(context, size, {backOffset.x + place.x, backOffset.y + place.y});
+    }
 }
 
 void CControl::doIdleStuff() {

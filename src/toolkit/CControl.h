@@ -14,9 +14,10 @@ constexpr uint32_t kDefaultGesture = mouse::kLeft | mouse::kControl;
 /// be written on any thread; all else belongs to the user interface's.
 class CControl : public CView {
   public:
-    /// The tag is the control's identity for its listener.
+    /// The tag is the control's identity for its listener; the offset is where in the bitmap the
+    /// control's picture begins.
     CControl(const CRect& rect, CControlListener* hearer, int32_t identity,
-             CBitmap* bitmap = nullptr);
+             CBitmap* bitmap = nullptr, const CPoint& bitmapOffset = {});
     bool isTypeOf(std::string_view name) const override;
 
     /// Stores the value, clipped to the range. Only the further listeners hear of it, if asked.
@@ -53,6 +54,7 @@ class CControl : public CView {
     virtual void setWheelInc(float step) { wheelInc = step; }
     virtual float getWheelInc() const { return wheelInc; }
     virtual void doIdleStuff();
+    void setBackOffset(const CPoint& bitmapOffset) { backOffset = bitmapOffset; }
 
     bool isDirty() const override;
     void setDirty(bool state = true) override;
@@ -65,6 +67,9 @@ class CControl : public CView {
     /// Asks for a repaint if dirty.
     void invalidIfDirty();
 
+    /// Draws the part of the background that starts at `place` behind the offset.
+    void drawBackground(CDrawContext& context, const CPoint& place = {}) const;
+
     Relaxed<float> value = 0.0f;
 
   private:
@@ -75,6 +80,7 @@ class CControl : public CView {
     float min = 0.0f, max = 1.0f;
     float wheelInc = 0.1f;
     std::vector<CControlListener*> subListeners;
+    CPoint backOffset;
 };
 
 }  // namespace tessel8
