@@ -44,6 +44,7 @@ CFrame::CFrame(const CRect& rect, const WindowMaker& makeWindow, VSTGUIEditorInt
 }
 
 CFrame::~CFrame() {
+    CFrame::close();
     for (CVSTGUITimer* timer : timers) {
         timer->frame = nullptr;
     }
@@ -100,12 +101,12 @@ void CFrame::doIdleStuff() {
 }
 
 void CFrame::fireTimers() {
-    std::vector<Shared<CVSTGUITimer>> running;
-    running.reserve(timers.size());
+    std::vector<Shared<CVSTGUITimer>> present;  // a timer may go while another fires
+    present.reserve(timers.size());
     for (CVSTGUITimer* timer : timers) {
-        running.emplace_back(timer);
+        present.emplace_back(timer);
     }
-    for (const auto& timer : running) {
+    for (const auto& timer : present) {
         timer->fireIfDue();
     }
 }
@@ -159,7 +160,7 @@ void CFrame::paint(const Surface& surface, const PixelRect& damaged) {
 
 void CFrame::mouseDown(const MouseState& mouse) {
     const InEvent event(*this, mouse);
-    mouseDownView.reset();
+    release(mouse);  // a second button ends what the first began, lest a gesture stay open
     const std::vector<Shared<CView>> candidates(views);
     for (auto place = candidates.rbegin(); place != candidates.rend(); ++place) {
         CView* const view = place->get();
@@ -210,6 +211,10 @@ void CFrame::hover(const MouseState& mouse, CView* view) {
 
 void CFrame::mouseUp(const MouseState& mouse) {
     const InEvent event(*this, mouse);
+    release(mouse);
+}
+
+void CFrame::release(const MouseState& mouse) {
     if (const Shared<CView> view = std::exchange(mouseDownView, {}); view) {
         view->onMouseUp(pointOf(mouse), mouse.buttons);
     }
@@ -249,34 +254,27 @@ void CFrame::onViewRemoved(CView* view) {
     }
 }
 
-void CFrame::openLineEdit(const LineEditSettings& settings,
+bool CFrame::openLineEdit(const LineEditSettings& settings,
                           std::function<void(const std::string&)> ended) {
-    if (isOpen()) {
-        pieces.add(std::move(ended), [&](auto end) { return window->openLineEdit(settings, end); });
-    }
+    return isOpen() && pieces.add(std::move(ended),
+                                  [&](auto end) { return window->openLineEdit(settings, end); });
 }
 
-void CFrame::openPopupMenu(const PopupMenuSettings& settings, std::function<void(int32_t)> ended) {
-    if (isOpen()) {
-        pieces.add(std::move(ended),
-                   [&](auto end) { return window->openPopupMenu(settings, end); });
-    }
+bool CFrame::openPopupMenu(const PopupMenuSettings& settings, std::function<void(int32_t)> ended) {
+    return isOpen() && pieces.add(std::move(ended),
+                                  [&](auto end) { return window->openPopupMenu(settings, end); });
 }
 
-void CFrame::openFileDialog(const FileDialogSettings& settings,
+bool CFrame::openFileDialog(const FileDialogSettings& settings,
                             std::function<void(const std::string&)> ended) {
-    if (isOpen()) {
-        pieces.add(std::move(ended),
-                   [&](auto end) { return window->openFileDialog(settings, end); });
-    }
+    return isOpen() && pieces.add(std::move(ended),
+                                  [&](auto end) { return window->openFileDialog(settings, end); });
 }
 
-void CFrame::showMessage(const std::string& title, const std::string& text,
+bool CFrame::showMessage(const std::string& title, const std::string& text,
                          std::function<void()> ended) {
-    if (isOpen()) {
-        pieces.add(std::move(ended),
-                   [&](auto end) { return window->openMessage(title, text, end); });
-    }
+    return isOpen() && pieces.add(std::move(ended),
+                                  [&](auto end) { return window->openMessage(title, text, end); });
 }
 
 }  // namespace tessel8

@@ -70,13 +70,14 @@ class CFrame : public CViewContainer, protected WindowListener {
     bool onKeyDown(const VstKeyCode& key) override;
     bool onKeyUp(const VstKeyCode& key) override;
 
-    /// The window's native pieces; `ended` hears of each once, while the frame is open.
-    void openLineEdit(const LineEditSettings& settings,
+    /// The window's native pieces. False if one cannot be made; else `ended` hears of its end,
+    /// once, unless the frame closes before.
+    bool openLineEdit(const LineEditSettings& settings,
                       std::function<void(const std::string&)> ended);
-    void openPopupMenu(const PopupMenuSettings& settings, std::function<void(int32_t)> ended);
-    void openFileDialog(const FileDialogSettings& settings,
+    bool openPopupMenu(const PopupMenuSettings& settings, std::function<void(int32_t)> ended);
+    bool openFileDialog(const FileDialogSettings& settings,
                         std::function<void(const std::string&)> ended);
-    void showMessage(const std::string& title, const std::string& text,
+    bool showMessage(const std::string& title, const std::string& text,
                      std::function<void()> ended = {});
 
   protected:
@@ -98,6 +99,7 @@ class CFrame : public CViewContainer, protected WindowListener {
 
     void endWindow();
     void fireTimers();
+    void release(const MouseState& mouse);
     void hover(const MouseState& mouse, CView* view);
     MouseState currentMouse() const;
 
@@ -105,7 +107,7 @@ class CFrame : public CViewContainer, protected WindowListener {
     TickClock& clock;
     std::unique_ptr<Window> window;
     NativePieces pieces;
-    std::vector<CVSTGUITimer*> timers;  ///< those that run
+    std::vector<CVSTGUITimer*> timers;  ///< not owned
     Shared<CView> mouseDownView, mouseOverView, focusView;
     const MouseState* handledMouse = nullptr;  ///< of the event that is being handled
     int32_t windowCalls = 0;                   ///< how deep we stand in calls of the window

@@ -22,10 +22,10 @@ void CNewFileSelector::addFileExtension(const CFileExtension& extension) {
     settings.extension = extension.getExtension();
 }
 
-void CNewFileSelector::run(std::function<void(CNewFileSelector&)> ended) {
+bool CNewFileSelector::run(std::function<void(CNewFileSelector&)> ended) {
     selected.clear();
-    frame->openFileDialog(settings, [self = Shared<CNewFileSelector>(this),
-                                     ended = std::move(ended)](const std::string& path) {
+    return frame->openFileDialog(settings, [self = Shared<CNewFileSelector>(this),
+                                            ended = std::move(ended)](const std::string& path) {
         self->selected = path;
         ended(*self);
     });

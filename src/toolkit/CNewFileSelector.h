@@ -43,9 +43,10 @@ class CNewFileSelector : public CBaseObject {
     /// The kind whose extension a saved name gets that has none.
     void setDefaultExtension(const CFileExtension& extension) { addFileExtension(extension); }
 
-    /// Opens the dialog. `ended` is called once, with the selector, when the user is through; not
-    /// at all if the frame closes before. The frame has to be there still when this is called.
-    void run(std::function<void(CNewFileSelector&)> ended);
+    /// Opens the dialog; false if there can be none. `ended` is called once, with the selector,
+    /// when the user is through; not at all if the frame closes before. The frame has to be there
+    /// still when this is called.
+    bool run(std::function<void(CNewFileSelector&)> ended);
 
     /// 1, or 0 when cancelled.
     int32_t getNumSelectedFiles() const { return selected.empty() ? 0 : 1; }

@@ -48,9 +48,10 @@ MouseResult COptionMenu::onMouseDown(const CPoint& /*where*/, uint32_t buttons) 
     settings.entries = entries;
     settings.current = getCurrent();
     settings.entriesPerColumn = itemsPerColumn;
-    getFrame()->setFocusView(this);
-    getFrame()->openPopupMenu(
-        settings, [self = Shared<COptionMenu>(this)](int32_t chosen) { self->endMenu(chosen); });
+    const Shared<COptionMenu> self(this);
+    if (getFrame()->openPopupMenu(settings, [self](int32_t chosen) { self->endMenu(chosen); })) {
+        getFrame()->setFocusView(this);
+    }
     return MouseResult::DownHandledOnly;
 }
 

@@ -37,10 +37,11 @@ MouseResult CTextEdit::onMouseDown(const CPoint& /*where*/, uint32_t buttons) {
     settings.groundColour = backColour.toPixel();
     settings.frameColour = frameColour.toPixel();
     settings.fontSize = fontSize;
-    getFrame()->setFocusView(this);
-    getFrame()->openLineEdit(settings, [self = Shared<CTextEdit>(this)](const std::string& edited) {
-        self->endEditing(edited);
-    });
+    const Shared<CTextEdit> self(this);
+    if (getFrame()->openLineEdit(settings,
+                                 [self](const auto& edited) { self->endEditing(edited); })) {
+        getFrame()->setFocusView(this);
+    }
     return MouseResult::DownHandledOnly;
 }
 

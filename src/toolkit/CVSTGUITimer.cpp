@@ -1,16 +1,20 @@
 #include "toolkit/CVSTGUITimer.h"
 
-#include <algorithm>
-
 #include "toolkit/CFrame.h"
 
 namespace tessel8 {
 
 CVSTGUITimer::CVSTGUITimer(CFrame* owner, CBaseObject* notified, uint32_t period)
-    : frame(owner), target(notified), periodMs(period) {}
+    : frame(owner), target(notified), periodMs(period) {
+    if (frame) {
+        frame->timers.push_back(this);
+    }
+}
 
 CVSTGUITimer::~CVSTGUITimer() {
-    stop();
+    if (frame) {
+        std::erase(frame->timers, this);
+    }
 }
 
 bool CVSTGUITimer::isTypeOf(std::string_view name) const {
@@ -18,25 +22,19 @@ bool CVSTGUITimer::isTypeOf(std::string_view name) const {
 }
 
 bool CVSTGUITimer::start() {
-    if (!frame) {
-        return false;
+    isRunning = frame != nullptr;
+    if (isRunning) {
+        startedAt = frame->clock.now();
     }
-    stop();
-    startedAt = frame->clock.now();
-    frame->timers.push_back(this);
-    return true;
+    return isRunning;
 }
 
 void CVSTGUITimer::stop() {
-    if (frame) {
-        std::erase(frame->timers, this);
-    }
+    isRunning = false;
 }
 
 void CVSTGUITimer::fireIfDue() {
-    const bool running =
-        frame && std::find(frame->timers.begin(), frame->timers.end(), this) != frame->timers.end();
-    if (running && frame->clock.now() - startedAt >= periodMs) {
+    if (frame && isRunning && frame->clock.now() - startedAt >= periodMs) {
         startedAt = frame->clock.now();
         target->notify(this);
     }

@@ -30,6 +30,7 @@ class CVSTGUITimer : public CBaseObject {
     CBaseObject* target;
     uint32_t periodMs;
     uint32_t startedAt = 0;  ///< tick in milliseconds
+    bool isRunning = false;
 };
 
 }  // namespace tessel8

@@ -13,8 +13,9 @@ namespace tessel8 {
 class NativePieces {
   public:
     /// `open` makes the piece from what it is to call at its end; `ended` then hears of it, once.
+    /// False if nothing was made.
     template <typename... Answer, typename Open>
-    void add(std::function<void(Answer...)> ended, const Open& open) {
+    bool add(std::function<void(Answer...)> ended, const Open& open) {
         sweep();
         pieces.push_back(std::make_unique<Piece>());
         Piece* const piece = pieces.back().get();
@@ -23,7 +24,9 @@ class NativePieces {
                 ended(answer...);
             }
         });
-        piece->over = piece->over || !piece->native;
+        const bool isMade = piece->native != nullptr;
+        piece->over = piece->over || !isMade;
+        return isMade;
     }
 
     void sweep() {
