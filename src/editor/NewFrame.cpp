@@ -16,6 +16,17 @@ void MyFrame::mouseDown(const MouseState& mouse) {
     CFrame::mouseDown(mouse);
 }
 
+void NewFrame::mouseDown(const MouseState& mouse) {
+    ++presses;
+    isPressed = true;
+    MyFrame::mouseDown(mouse);
+}
+
+void NewFrame::mouseUp(const MouseState& mouse) {
+    MyFrame::mouseUp(mouse);
+    isPressed = false;
+}
+
 void NewFrame::beginEdit(int32_t index) {
     CFrame::beginEdit(index);
     isEditing = true;

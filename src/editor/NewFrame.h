@@ -37,7 +37,16 @@ class NewFrame : public MyFrame {
     };
     virtual EditedTag getEditedTag() const { return {tag, isEditing}; }
 
+    /// Number of the mouse press that lasts at this moment, 0 for none.
+    uint32_t currentPress() const { return isPressed ? presses : 0; }
+
+  protected:
+    void mouseDown(const MouseState& mouse) override;
+    void mouseUp(const MouseState& mouse) override;
+
   private:
+    uint32_t presses = 0;
+    bool isPressed = false;
     Relaxed<bool> isEditing = false;
     Relaxed<int32_t> tag = -1;
 };

@@ -1,0 +1,141 @@
+#include "editor/Tessel8Editor.h"
+
+#include "parameters/ControlTags.h"
+
+namespace tessel8 {
+
+namespace {
+
+constexpr int32_t kLogo = 357;     // where the display begins
+constexpr int32_t kNoStatus = 215;  // a tag without a text
+/// Longer than any text waits for a MIDI change, so that none is remembered at the start.
+constexpr uint32_t kLongAgoMs = 60000;
+
+}  // namespace
+
+Tessel8Editor::Tessel8Editor(EffectLink& link, AudioEffectX* audioEffect, TickClock& tickClock)
+    : CPresetSystemEditor(audioEffect, tickClock),
+      effectLink(link),
+      lastMidiChange(tickClock.now() - kLongAgoMs),
+      scrollingTexts(link),
+      tapPad(link),
+      meters(tickClock.now()),
+      hoverShown(kLogo),
+      hoverLast(kLogo) {
+    rect = {0, 0, int16_t(kPanelHeight), int16_t(kPanelWidth)};
+    setKnobMode(kLinearMode);
+}
+
+Tessel8Editor::~Tessel8Editor() {
+    Tessel8Editor::close();
+}
+
+Shared<NewFrame> Tessel8Editor::makeFrame(void* parent) {
+    return makeShared<NewFrame>(CRect{0, 0, double(kPanelWidth), double(kPanelHeight)}, parent,
+                                static_cast<VSTGUIEditorInterface*>(this));
+}
+
+bool Tessel8Editor::open(void* parent) {
+    close();
+    CPresetSystemEditor::open(parent);
+    const Shared<NewFrame> made = makeFrame(parent);
+    if (!made || !made->isOpen()) {
+        AEffGUIEditor::close();
+        return false;
+    }
+    frame = made;
+    frame->setBackground(makeShared<CBitmap>(kBackgroundPicture).get());
+    changes.clear();
+    scrollingTexts.composeCredits(effectLink);
+    panel = std::make_unique<Panel>(*frame, *this, effectLink);
+    lastMidiChange = clock.now() - kLongAgoMs;
+    showAll();
+    setKnobMode(kLinearMode);
+    setGraphMode(graphMode);
+    hoverTag = -1;
+    hoverShown = hoverLast = kLogo;
+    if (!isGraph()) {
+        updateStatus(kNoStatus);
+    }
+    return true;
+}
+
+void Tessel8Editor::close() {
+    heldKeys = {};
+    tapPad.endRun();
+    editedTag = kNothingEdited;
+    learnPress = 0;
+    // The frame goes first: a running drag ends on controls that still stand.
+    CPresetSystemEditor::close();
+    panel.reset();
+}
+
+void Tessel8Editor::beginEdit(int32_t tag) {
+    editedTag = tag;
+    effectLink.beginEdit(tag);
+}
+
+void Tessel8Editor::endEdit(int32_t tag) {
+    editedTag = kNothingEdited;
+    effectLink.endEdit(tag);
+}
+
+int32_t Tessel8Editor::editedParameter() {
+    const int32_t tag = editedTag;
+    return tag == kNothingEdited ? kParameterCount : parameterOfTag(tag);
+}
+
+void Tessel8Editor::setParameter(int32_t index, float value) {
+    if (index == kTagTapPad) {
+        padPresses.push(value != 0.0f, tick());
+    } else {
+        changes.mark(index);
+    }
+}
+
+void Tessel8Editor::showTempo(float /*tempo*/) {
+    changes.mark(EffectChanges::kTempoDigits);
+}
+
+void Tessel8Editor::showLfoFrequency(float /*freqMod*/) {
+    changes.mark(EffectChanges::kLfoDigits);
+}
+
+void Tessel8Editor::markMidiChange() {
+    lastMidiChange = tick();
+}
+
+void Tessel8Editor::setAutomated(int32_t index, float value) {
+    effectLink.setParameterAutomated(index, value);
+    takeOverChanges();
+}
+
+void Tessel8Editor::setUnheard(int32_t index, float value) {
+    effectLink.setParameter(index, value);
+    takeOverChanges();
+}
+
+void Tessel8Editor::setGraphMode(float mode) {
+    graphMode = mode;
+    if (panel) {
+        panel->setGraphMode(isGraph(), editParameter);
+        showEditStrip(editParameter);
+        if (!isGraph()) {
+            updateGraphTaps();
+        }
+    }
+}
+
+void Tessel8Editor::swapEditBars(int32_t parameter, float mode) {
+    if (panel) {
+        panel->swapEditBars(parameter, mode != 0.0f);
+    }
+}
+
+void Tessel8Editor::showEditStrip(int32_t parameter) {
+    if (panel) {
+        panel->showEditStrip(parameter, isGraph());
+    }
+}
+
+}  // namespace tessel8
