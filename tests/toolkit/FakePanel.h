@@ -6,11 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <functional>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "toolkit/CControl.h"
 #include "toolkit/CFrame.h"
@@ -18,18 +13,20 @@
 
 namespace tessel8 {
 
-class FakeClock : public TickClock {
-  public:
+struct FakeClock : TickClock {
     uint32_t now() const override { return tick; }
     void sleep(uint32_t milliseconds) override { tick += milliseconds; }
 
     uint32_t tick = 1000;
 };
 
-class FakeWindow : public Window {
-  public:
-    explicit FakeWindow(WindowListener& hearer) : listener(hearer) {}
+struct FakeWindow : Window {
+    struct Piece : LineEdit, PopupMenu, Dialog {
+        std::string text() const override { return {}; }
+    };
+    using TextEnd = std::function<void(const std::string&)>;
 
+    explicit FakeWindow(WindowListener& hearer) : listener(hearer) {}
     bool processEvents() override {
         deepest = std::max(deepest, ++depth);
         for (const auto& event : std::exchange(events, {})) {
@@ -41,26 +38,18 @@ class FakeWindow : public Window {
     void invalidate(const PixelRect& part) override { damage = damage.united(part); }
     MouseState currentMouse() override { return mouse; }
     void takeKeyboardFocus() override { ++focusTaken; }
-    std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings& settings,
-                                           std::function<void(const std::string&)> end) override {
-        struct Piece : LineEdit {
-            std::string text() const override { return {}; }
-        };
-        offered = settings.text;
-        endText = std::move(end);
+    std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings& s, TextEnd end) override {
+        offered = s.text, endText = std::move(end);
         return std::make_unique<Piece>();
     }
-    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings& settings,
+    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings& s,
                                              std::function<void(int32_t)> end) override {
-        offered = settings.entries.at(size_t(settings.current));
-        endMenu = std::move(end);
-        return std::make_unique<PopupMenu>();
+        offered = s.entries.at(size_t(s.current)), endMenu = std::move(end);
+        return std::make_unique<Piece>();
     }
-    std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings& settings,
-                                           std::function<void(const std::string&)> end) override {
-        offered = settings.extension;
-        endText = std::move(end);
-        return std::make_unique<Dialog>();
+    std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings& s, TextEnd end) override {
+        offered = s.extension, endText = std::move(end);
+        return std::make_unique<Piece>();
     }
     std::unique_ptr<Dialog> openMessage(const std::string&, const std::string&,
                                         std::function<void()>) override {
@@ -73,25 +62,23 @@ class FakeWindow : public Window {
     PixelRect damage;
     MouseState mouse;
     std::string offered;  ///< a field's text, a menu's current entry, a dialog's extension
-    std::function<void(const std::string&)> endText;
+    TextEnd endText;
     std::function<void(int32_t)> endMenu;
     int depth = 0, deepest = 0, paints = 0, focusTaken = 0;
 };
 
-/// A frame of type `Frame` in a fake window. The log reads "(7" for a gesture that begins on tag 7,
-/// "7)" for its end, "7=0.5" for a reported value and "~" for an idle pass during a gesture.
+/// A frame in a fake window. The log reads "(7" for a gesture that begins on tag 7, "7)" for its
+/// end, "7=0.5" for a reported value and "~" for an idle pass during a gesture.
 template <typename Frame = CFrame>
 class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
   public:
     explicit FakePanel(const CRect& rect = {0, 0, 100, 100}) {
-        frame = makeShared<Frame>(
-            rect,
-            [this](WindowListener& listener) {
-                auto made = std::make_unique<FakeWindow>(listener);
-                window = made.get();
-                return made;
-            },
-            this, clock);
+        const auto makeWindow = [this](WindowListener& listener) {
+            auto made = std::make_unique<FakeWindow>(listener);
+            window = made.get();
+            return made;
+        };
+        frame = makeShared<Frame>(rect, makeWindow, this, clock);
     }
     ~FakePanel() override { frame->close(); }
 
@@ -101,18 +88,13 @@ class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
         frame->addView(view.get());
         return view;
     }
-
-    void down(int32_t x, int32_t y, uint32_t buttons = mouse::kLeft) {
-        window->listener.mouseDown({x, y, buttons});
+    void down(int32_t x, int32_t y, uint32_t word = 2) { window->listener.mouseDown({x, y, word}); }
+    void move(int32_t x, int32_t y, uint32_t word = 2) {
+        window->listener.mouseMoved({x, y, word});
     }
-    void move(int32_t x, int32_t y, uint32_t buttons = mouse::kLeft) {
-        window->listener.mouseMoved({x, y, buttons});
-    }
-    void up(int32_t x, int32_t y, uint32_t buttons = mouse::kLeft) {
-        window->listener.mouseUp({x, y, buttons});
-    }
-    void wheel(int32_t x, int32_t y, float distance, uint32_t buttons = 0) {
-        window->listener.wheel({x, y, buttons}, distance);
+    void up(int32_t x, int32_t y, uint32_t word = 2) { window->listener.mouseUp({x, y, word}); }
+    void wheel(int32_t x, int32_t y, float distance, uint32_t word = 0) {
+        window->listener.wheel({x, y, word}, distance);
     }
     /// Paints everything and gives one pixel of it.
     uint32_t pixelAt(int32_t x, int32_t y) {
@@ -158,15 +140,15 @@ inline std::vector<uint8_t> bitmapHead(int32_t start, uint8_t width, int32_t hei
     return file;
 }
 
-/// A strip of images, four pixels wide: all pixels of image n have the value n.
+/// A strip of images in 8 bits: all pixels of image n have the value n.
 struct FakeStrip {
-    FakeStrip(int32_t images, int32_t imageHeight)
-        : file(bitmapHead(54 + 4 * 256, 4, images * imageHeight, 8)) {
+    FakeStrip(int32_t images, int32_t imageHeight, uint8_t width = 4)
+        : file(bitmapHead(54 + 4 * 256, width, images * imageHeight, 8)) {
         for (size_t colour = 0; colour < 256; ++colour) {
             file[54 + 4 * colour] = uint8_t(colour);
         }
         for (int32_t image = images - 1; image >= 0; --image) {
-            file.insert(file.end(), size_t(4 * imageHeight), uint8_t(image));
+            file.insert(file.end(), size_t(width * imageHeight), uint8_t(image));
         }
         bitmap = makeShared<CBitmap>(std::span<const uint8_t>(file));
     }
