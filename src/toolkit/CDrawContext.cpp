@@ -63,7 +63,7 @@ uint32_t CDrawContext::blend(uint32_t below, uint32_t above, float alpha) {
     uint32_t result = 0;
     for (int32_t shift = 0; shift < 24; shift += 8) {
         const float from = float(below >> shift & 255), to = float(above >> shift & 255);
-        result |= uint32_t(from + (to - from) * std::max(alpha, 0.0f) + 0.5f) << shift;
+        result |= uint32_t(std::lround(from + (to - from) * std::max(alpha, 0.0f))) << shift;
     }
     return result;
 }

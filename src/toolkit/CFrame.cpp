@@ -40,7 +40,7 @@ CFrame::CFrame(const CRect& rect, const WindowMaker& makeWindow, VSTGUIEditorInt
                TickClock& tickClock)
     : CViewContainer(rect), editor(guiEditor), clock(tickClock), window(makeWindow(*this)) {
     parentFrame = this;
-    invalidRect(size);
+    CFrame::invalidRect(size);
 }
 
 CFrame::~CFrame() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,7 @@ class COptionMenu : public CParamDisplay {
     int32_t getNbEntries() const { return int32_t(entries.size()); }
     /// The selected entry; without a word to the listener.
     void setCurrent(int32_t index) { setValue(float(index)); }
-    int32_t getCurrent() const { return int32_t(getValue() + 0.5f); }
+    int32_t getCurrent() const { return int32_t(std::lround(getValue())); }
     /// 0: one column.
     void setNbItemsPerColumn(int32_t count) { itemsPerColumn = count; }
 

@@ -11,7 +11,10 @@ class Relaxed {
   public:
     Relaxed(T initial = T()) : word(initial) {}  // NOLINT: meant to be used as a T
     Relaxed(const Relaxed& other) : word(T(other)) {}
-    Relaxed& operator=(const Relaxed& other) { return *this = T(other); }
+    Relaxed& operator=(const Relaxed& other) {
+        *this = T(other);
+        return *this;
+    }
     Relaxed& operator=(T value) {
         word.store(value, std::memory_order_relaxed);
         return *this;

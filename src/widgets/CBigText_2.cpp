@@ -8,7 +8,7 @@ namespace tessel8 {
 
 namespace {
 
-constexpr int32_t kCells = 12;
+constexpr size_t kCells = 12;
 constexpr size_t kTextPlaces = 23;  ///< characters and the marks between them
 
 // Pixels.
@@ -103,10 +103,11 @@ void CBigText_2::draw(CDrawContext& context) {
     if (background) {
         background->draw(*offscreen, {0.0, 0.0, size.width(), size.height()});
     }
-    for (int32_t i = 0; i < kCells && glyphSheet && markSheet && shown[size_t(2 * i)]; ++i) {
-        drawRow(*offscreen, *glyphSheet, glyphRow(shown[size_t(2 * i)]), kPitch * i, kGlyphWidth);
-        if (const char mark = shown[size_t(2 * i + 1)]; mark) {
-            drawRow(*offscreen, *markSheet, mark - 1, kPitch * i + kMarkAt, kMarkWidth);
+    for (size_t i = 0; i < kCells && glyphSheet && markSheet && shown[2 * i]; ++i) {
+        const int32_t x = kPitch * int32_t(i);
+        drawRow(*offscreen, *glyphSheet, glyphRow(shown[2 * i]), x, kGlyphWidth);
+        if (const char mark = shown[2 * i + 1]; mark) {
+            drawRow(*offscreen, *markSheet, mark - 1, x + kMarkAt, kMarkWidth);
         }
     }
     offscreen->copyFrom(context, size);

@@ -1,5 +1,7 @@
 #include "widgets/CLoopButton.h"
 
+#include <cmath>
+
 namespace tessel8 {
 
 CLoopButton::CLoopButton(const CRect& rect, CControlListener* hearer, int32_t identity,
@@ -13,7 +15,8 @@ bool CLoopButton::isTypeOf(std::string_view name) const {
 void CLoopButton::draw(CDrawContext& context) {
     setDirty(false);
     const int32_t height = background ? background->getHeight() : 0;
-    drawBackground(context, {0.0, double(height * state / count)});
+    const int32_t top = height * state / count;
+    drawBackground(context, {0.0, double(top)});
 }
 
 float CLoopButton::valueOf(int32_t someState) const {
@@ -29,7 +32,7 @@ void CLoopButton::setStateFromValue(float newValue) {
     if (newValue >= 1.0f) {
         setState(1.0f, count - 1);
     } else if (newValue > 0.0f) {
-        setState(newValue, int32_t(newValue * float(count - 1) + 0.5f));
+        setState(newValue, int32_t(std::lround(newValue * float(count - 1))));
     } else {
         setState(0.0f, 0);
     }

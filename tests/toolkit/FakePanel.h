@@ -1,0 +1,161 @@
+#pragma once
+
+// A panel without a display: a window and a clock that the test works by hand, and a log of all
+// that the controls tell.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "toolkit/CControl.h"
+#include "toolkit/CFrame.h"
+#include "widgets/CNewControlListener.h"
+
+namespace tessel8 {
+
+struct FakeClock : TickClock {
+    uint32_t now() const override { return tick; }
+    void sleep(uint32_t milliseconds) override { tick += milliseconds; }
+
+    uint32_t tick = 1000;
+};
+
+struct FakeWindow : Window {
+    struct Piece : LineEdit, PopupMenu, Dialog {
+        std::string text() const override { return {}; }
+    };
+    using TextEnd = std::function<void(const std::string&)>;
+
+    explicit FakeWindow(WindowListener& hearer) : listener(hearer) {}
+    bool processEvents() override {
+        deepest = std::max(deepest, ++depth);
+        for (const auto& event : std::exchange(events, {})) {
+            event();
+        }
+        return --depth >= 0;
+    }
+    void processPaints() override { ++paints; }
+    void invalidate(const PixelRect& part) override { damage = damage.united(part); }
+    MouseState currentMouse() override { return mouse; }
+    void takeKeyboardFocus() override { ++focusTaken; }
+    std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings& s, TextEnd end) override {
+        offered = s.text, endText = std::move(end);
+        return std::make_unique<Piece>();
+    }
+    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings& s,
+                                             std::function<void(int32_t)> end) override {
+        offered = s.entries.at(size_t(s.current)), endMenu = std::move(end);
+        return std::make_unique<Piece>();
+    }
+    std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings& s, TextEnd end) override {
+        offered = s.extension, endText = std::move(end);
+        return std::make_unique<Piece>();
+    }
+    std::unique_ptr<Dialog> openMessage(const std::string&, const std::string&,
+                                        std::function<void()>) override {
+        return nullptr;
+    }
+    bool closeAsked() const override { return false; }
+
+    WindowListener& listener;
+    std::vector<std::function<void()>> events;  ///< handled at the next `processEvents`
+    PixelRect damage;
+    MouseState mouse;
+    std::string offered;  ///< a field's text, a menu's current entry, a dialog's extension
+    TextEnd endText;
+    std::function<void(int32_t)> endMenu;
+    int depth = 0, deepest = 0, paints = 0, focusTaken = 0;
+};
+
+/// A frame in a fake window. The log reads "(7" for a gesture that begins on tag 7, "7)" for its
+/// end, "7=0.5" for a reported value and "~" for an idle pass during a gesture.
+template <typename Frame = CFrame>
+class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
+  public:
+    explicit FakePanel(const CRect& rect = {0, 0, 100, 100}) {
+        const auto makeWindow = [this](WindowListener& listener) {
+            auto made = std::make_unique<FakeWindow>(listener);
+            window = made.get();
+            return made;
+        };
+        frame = makeShared<Frame>(rect, makeWindow, this, clock);
+    }
+    ~FakePanel() override { frame->close(); }
+
+    template <typename View, typename... Arguments>
+    Shared<View> add(Arguments&&... arguments) {
+        auto view = makeShared<View>(std::forward<Arguments>(arguments)...);
+        frame->addView(view.get());
+        return view;
+    }
+    void down(int32_t x, int32_t y, uint32_t word = 2) { window->listener.mouseDown({x, y, word}); }
+    void move(int32_t x, int32_t y, uint32_t word = 2) {
+        window->listener.mouseMoved({x, y, word});
+    }
+    void up(int32_t x, int32_t y, uint32_t word = 2) { window->listener.mouseUp({x, y, word}); }
+    void wheel(int32_t x, int32_t y, float distance, uint32_t word = 0) {
+        window->listener.wheel({x, y, word}, distance);
+    }
+    /// Paints everything and gives one pixel of it.
+    uint32_t pixelAt(int32_t x, int32_t y) {
+        const PixelRect all = frame->getViewSize().toPixels();
+        std::vector<uint32_t> pixels(size_t(all.width()) * size_t(all.height()), 0xabcdef);
+        const Surface surface{pixels.data(), all.width(), all.height()};
+        window->listener.paint(surface, all);
+        return surface.row(y)[x];
+    }
+    /// The log since the last call.
+    std::string told() { return std::exchange(log, {}); }
+    void say(const std::string& word) { log += log.empty() ? word : " " + word; }
+
+    void doIdleStuff() override { say("~"); }
+    int32_t getKnobMode() const override { return kLinearMode; }
+    void beginEdit(int32_t index) override { sayNumber("(%d", index); }
+    void endEdit(int32_t index) override { sayNumber("%d)", index); }
+    void valueChanged(CControl* control) override {
+        sayNumber("%d=%g", control->getTag(), double(control->getValue()));
+    }
+
+    FakeClock clock;
+    FakeWindow* window = nullptr;
+    Shared<Frame> frame;
+
+  private:
+    template <typename... Numbers>
+    void sayNumber(const char* format, Numbers... numbers) {
+        char text[32];
+        std::snprintf(text, sizeof text, format, numbers...);
+        say(text);
+    }
+
+    std::string log;
+};
+
+/// The first bytes of a bitmap file whose pixels begin at `start`.
+inline std::vector<uint8_t> bitmapHead(int32_t start, uint8_t width, int32_t height, uint8_t bits) {
+    std::vector<uint8_t> file(size_t(start), 0);
+    file[0] = 'B', file[1] = 'M', file[10] = uint8_t(start), file[11] = uint8_t(start >> 8);
+    file[14] = 40, file[18] = width, file[22] = uint8_t(height), file[23] = uint8_t(height >> 8);
+    file[26] = 1, file[28] = bits;
+    return file;
+}
+
+/// A strip of images in 8 bits: all pixels of image n have the value n.
+struct FakeStrip {
+    FakeStrip(int32_t images, int32_t imageHeight, uint8_t width = 4)
+        : file(bitmapHead(54 + 4 * 256, width, images * imageHeight, 8)) {
+        for (size_t colour = 0; colour < 256; ++colour) {
+            file[54 + 4 * colour] = uint8_t(colour);
+        }
+        for (int32_t image = images - 1; image >= 0; --image) {
+            file.insert(file.end(), size_t(width * imageHeight), uint8_t(image));
+        }
+        bitmap = makeShared<CBitmap>(std::span<const uint8_t>(file));
+    }
+    CBitmap* get() const { return bitmap.get(); }
+
+    std::vector<uint8_t> file;
+    Shared<CBitmap> bitmap;
+};
+
+}  // namespace tessel8
