@@ -37,6 +37,15 @@ int32_t textWidth(std::string_view text, int32_t fontSize) {
     return width;
 }
 
+int32_t lineHeight(int32_t fontSize) {
+    const resources::Font& font = resources::font(fontSize);
+    return font.ascent + font.descent;
+}
+
+int32_t centredBaseline(int32_t top, int32_t bottom, int32_t fontSize) {
+    return top + (bottom - top - lineHeight(fontSize)) / 2 + resources::font(fontSize).ascent;
+}
+
 void drawText(const Surface& surface, const PixelRect& clip, int32_t x, int32_t baseline,
               std::string_view text, int32_t fontSize, uint32_t colour) {
     const resources::Font& font = resources::font(fontSize);

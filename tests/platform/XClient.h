@@ -107,7 +107,51 @@ class XClient {
             ->atom;
     }
 
+    /// Asks the owner of a selection; `wait` lets it work. Gives the bytes, or "" if refused.
+    std::string askFor(const std::string& selection, const std::string& target,
+                       const std::function<void()>& wait) {
+        xcb_convert_selection(x, own, atom(selection), atom(target), atom("TEST"),
+                              XCB_CURRENT_TIME);
+        sync();
+        for (int tries = 0; tries < 500; ++tries, sleepMilliseconds(2)) {
+            wait();
+            const auto event = owned(xcb_poll_for_event(x));
+            if (event && (event->response_type & 0x7f) == XCB_SELECTION_NOTIFY) {
+                const auto value = owned(xcb_get_property_reply(
+                    x, xcb_get_property(x, 1, own, atom("TEST"), 0, 0, 999), nullptr));
+                return {static_cast<char*>(xcb_get_property_value(value.get())),
+                        size_t(xcb_get_property_value_length(value.get()))};
+            }
+        }
+        return "no answer";
+    }
+    /// Owns a selection from now on; `serve` answers those who ask for UTF8_STRING.
+    void offer(const std::string& selection, const std::string& text) {
+        offered = text;
+        xcb_set_selection_owner(x, own, atom(selection), XCB_CURRENT_TIME);
+        sync();
+    }
+    bool serve() {
+        while (const auto event = owned(xcb_poll_for_event(x))) {
+            if ((event->response_type & 0x7f) != XCB_SELECTION_REQUEST) {
+                continue;
+            }
+            const auto& ask = *reinterpret_cast<xcb_selection_request_event_t*>(event.get());
+            xcb_change_property(x, XCB_PROP_MODE_REPLACE, ask.requestor, ask.property,
+                                atom("UTF8_STRING"), 8, uint32_t(offered.size()), offered.data());
+            xcb_selection_notify_event_t reply[2]{};
+            reply[0] = {XCB_SELECTION_NOTIFY, 0,          0,           ask.time, ask.requestor,
+                        ask.selection,        ask.target, ask.property};
+            xcb_send_event(x, 0, ask.requestor, 0, reinterpret_cast<const char*>(reply));
+            sync();
+        }
+        return true;
+    }
+
   private:
+    std::string offered;
+    const xcb_window_t own = makeParent(1, 1);
+
     uint8_t keyOf(uint32_t symbol) {
         const auto* setup = xcb_get_setup(x);
         const auto count = uint8_t(setup->max_keycode - setup->min_keycode + 1);

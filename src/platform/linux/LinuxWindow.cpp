@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/linux/LinuxLineEdit.h"
+#include "platform/linux/LinuxPopupMenu.h"
 #include "platform/linux/PanelPane.h"
 #include "platform/linux/PipeSignalGuard.h"
 
@@ -28,7 +30,8 @@ LinuxWindow::LinuxWindow(std::shared_ptr<Session> theSession, std::unique_ptr<Pa
     : session(std::move(theSession)), panel(std::move(thePanel)) {}
 
 LinuxWindow::~LinuxWindow() {
-    session->end();  // line edits, menus and dialogs that are still held do nothing from now on
+    const PipeSignalGuard guard;
+    session->end();
 }
 
 bool LinuxWindow::processEvents() {
@@ -54,20 +57,27 @@ MouseState LinuxWindow::currentMouse() {
     return panel->currentMouse();
 }
 
-void LinuxWindow::takeKeyboardFocus() {}
+void LinuxWindow::takeKeyboardFocus() {
+    const PipeSignalGuard guard;
+    session->offerKeyboard();
+}
 
 bool LinuxWindow::closeAsked() const {
     return panel->isCloseAsked();
 }
 
-std::unique_ptr<LineEdit> LinuxWindow::openLineEdit(
-    const LineEditSettings& /*settings*/, std::function<void(const std::string&)> /*ended*/) {
-    return nullptr;
+std::unique_ptr<LineEdit> LinuxWindow::openLineEdit(const LineEditSettings& settings,
+                                                    std::function<void(const std::string&)> ended) {
+    const PipeSignalGuard guard;
+    session->endTransients();
+    return std::make_unique<LinuxLineEdit>(session, panel->id(), settings, std::move(ended));
 }
 
-std::unique_ptr<PopupMenu> LinuxWindow::openPopupMenu(const PopupMenuSettings& /*settings*/,
-                                                      std::function<void(int32_t)> /*ended*/) {
-    return nullptr;
+std::unique_ptr<PopupMenu> LinuxWindow::openPopupMenu(const PopupMenuSettings& settings,
+                                                      std::function<void(int32_t)> ended) {
+    const PipeSignalGuard guard;
+    session->endTransients();
+    return std::make_unique<LinuxPopupMenu>(session, *panel, settings, std::move(ended));
 }
 
 std::unique_ptr<Dialog> LinuxWindow::openFileDialog(

@@ -86,14 +86,29 @@ void Session::processEvents() {
     link->flush();
 }
 
-void Session::tick() {
-    // A part may go, and others come, while one does what is due.
-    const uint32_t now = millisecondTick();
+void Session::forEachPart(const std::function<void(Part&)>& act) {
+    // A part may go, and others come, while one is at work.
     for (Part* part : std::vector(parts)) {
         if (has(part)) {
-            part->tick(now);
+            act(*part);
         }
     }
+}
+
+void Session::end() {
+    ended = true;
+    forEachPart([](Part& part) { part.close(); });
+    link->flush();
+}
+
+void Session::offerKeyboard() {
+    forEachPart([](Part& part) { part.keyboardOffered(); });
+    link->flush();
+}
+
+void Session::tick() {
+    const uint32_t now = millisecondTick();
+    forEachPart([&](Part& part) { part.tick(now); });
 }
 
 void Session::giveAnswers() {
@@ -118,13 +133,12 @@ void Session::paint() {
     link->flush();
 }
 
-void Session::pressedOutside(const Part* target) {
-    for (Part* part : std::vector(parts)) {
-        if (part != target && has(part)) {
-            part->pressedOutside();
+void Session::endTransients(const Part* pressedPart) {
+    forEachPart([&](Part& part) {
+        if (&part != pressedPart) {
+            part.pressedOutside();
         }
-    }
-    giveAnswers();
+    });
 }
 
 void Session::handle(const xcb_generic_event_t& event) {
@@ -232,7 +246,8 @@ void Session::handlePress(const xcb_button_press_event_t& event) {
         return;
     }
     mouse.buttons |= buttonBit(event.detail) | (isDoubleClick(event) ? mouse::kDoubleClick : 0);
-    pressedOutside(pane);
+    endTransients(pane);
+    giveAnswers();
     pane = paneOf(event.event);
     if (pane) {
         pressed = event.event;

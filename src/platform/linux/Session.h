@@ -38,13 +38,15 @@ class Session {
     /// True once nothing can be shown any more: the connection is lost, or the panel's window went
     /// with its parent.
     bool isGone() const { return ended || link->isLost(); }
-    void end() { ended = true; }
+    /// Closes what the panel has open; its holders keep objects that do nothing.
+    void end();
+    void offerKeyboard();
 
     /// Hands out all events that wait, then lets every part do what is due.
     void processEvents();
     void paint();
-    /// Ends what a press elsewhere ends.
-    void pressedOutside(const Part* part);
+    /// Ends what a press elsewhere ends, as a line edit; `pressed` itself stays.
+    void endTransients(const Part* pressed = nullptr);
 
     /// A menu or dialog is open: the panel takes no mouse.
     bool isModal() const { return modalParts > 0; }
@@ -64,6 +66,7 @@ class Session {
     Pane* paneOf(xcb_window_t window) const;
     bool has(const Part* part) const;
     void remove(const Part* part);
+    void forEachPart(const std::function<void(Part&)>& act);
     void giveAnswers();
     void tick();
 
@@ -115,6 +118,10 @@ class Part {
     virtual void tick(uint32_t /*now*/) {}
     /// A button went down in another part, or another menu or dialog opens.
     virtual void pressedOutside() {}
+    /// The keyboard may be taken by who is open for it.
+    virtual void keyboardOffered() {}
+    /// The panel is gone: nothing of this part may be left, and nobody is told.
+    virtual void close() {}
 
   protected:
     Session& session() const { return *shared; }
