@@ -25,7 +25,7 @@ LinuxLineEdit::LinuxLineEdit(const std::shared_ptr<Session>& theSession, xcb_win
               [this] { invalidate(); }),
       original(settings.text),
       ended(std::move(whenEnded)),
-      focusBefore(session().connection().focus()) {
+      focusLoan(session().connection()) {
     show();
     takeFocus();
 }
@@ -76,14 +76,10 @@ void LinuxLineEdit::paint(const Surface& surface, const PixelRect& damaged) {
 }
 
 void LinuxLineEdit::close() {
-    if (!std::exchange(open, false)) {
-        return;
+    if (std::exchange(open, false)) {
+        focusLoan.giveBack(id());
+        hide();
     }
-    // Somebody else may have taken the keyboard meanwhile, and keeps it then.
-    if (session().connection().focus() == id()) {
-        xcb_set_input_focus(session().xcb(), XCB_INPUT_FOCUS_PARENT, focusBefore, XCB_CURRENT_TIME);
-    }
-    hide();
 }
 
 void LinuxLineEdit::end(const std::string& finalText) {

@@ -6,6 +6,7 @@
 
 #include "platform/Window.h"
 #include "platform/linux/FieldControl.h"
+#include "platform/linux/FocusLoan.h"
 #include "platform/linux/Pane.h"
 
 namespace tessel8::x11 {
@@ -40,7 +41,7 @@ class LinuxLineEdit : public LineEdit, public Pane {
     FieldControl control;
     std::string original;
     std::function<void(const std::string&)> ended;
-    xcb_window_t focusBefore;
+    FocusLoan focusLoan;
     bool open = true, hasFocus = false;
 };
 

@@ -2,8 +2,13 @@
 
 #include <utility>
 
+#include "platform/FileBrowser.h"
+#include "platform/linux/DesktopTools.h"
+#include "platform/linux/FileDialogPane.h"
+#include "platform/linux/LinuxDialog.h"
 #include "platform/linux/LinuxLineEdit.h"
 #include "platform/linux/LinuxPopupMenu.h"
+#include "platform/linux/MessagePane.h"
 #include "platform/linux/PanelPane.h"
 #include "platform/linux/PipeSignalGuard.h"
 
@@ -80,15 +85,34 @@ std::unique_ptr<PopupMenu> LinuxWindow::openPopupMenu(const PopupMenuSettings& s
     return std::make_unique<LinuxPopupMenu>(session, *panel, settings, std::move(ended));
 }
 
-std::unique_ptr<Dialog> LinuxWindow::openFileDialog(
-    const FileDialogSettings& /*settings*/, std::function<void(const std::string&)> /*ended*/) {
-    return nullptr;
+std::unique_ptr<Dialog> LinuxWindow::openFileDialog(const FileDialogSettings& settings,
+                                                    std::function<void(const std::string&)> ended) {
+    const PipeSignalGuard guard;
+    session->endTransients();
+    const xcb_window_t above = session->connection().topLevelOf(panel->id());
+    const std::string extension =
+        settings.kind == FileDialogKind::Save ? settings.extension : std::string();
+    return std::make_unique<LinuxDialog>(
+        session, fileDialogCommand(settings, above),
+        [this, settings, ended] {
+            return std::make_unique<FileDialogPane>(session, *panel, settings, ended);
+        },
+        [ended, extension](const std::string& path) {
+            ended(path.empty() ? path : withExtension(path, extension));
+        });
 }
 
-std::unique_ptr<Dialog> LinuxWindow::openMessage(const std::string& /*title*/,
-                                                 const std::string& /*text*/,
-                                                 std::function<void()> /*ended*/) {
-    return nullptr;
+std::unique_ptr<Dialog> LinuxWindow::openMessage(const std::string& title, const std::string& text,
+                                                 std::function<void()> ended) {
+    const PipeSignalGuard guard;
+    session->endTransients();
+    const xcb_window_t above = session->connection().topLevelOf(panel->id());
+    return std::make_unique<LinuxDialog>(
+        session, messageCommand(title, text, above),
+        [this, title, text, ended] {
+            return std::make_unique<MessagePane>(session, *panel, title, text, ended);
+        },
+        [ended](const std::string&) { ended(); });
 }
 
 }  // namespace x11
