@@ -7,6 +7,7 @@
 #include "Info.h"
 #include "ListParams.h"
 #include "Numbers.h"
+#include "Programs.h"
 #include "Render.h"
 #include "Texts.h"
 #include "UserError.h"
@@ -30,6 +31,7 @@ struct Typed {
     std::string plugin;
     std::string infoFile;
     bool listParams = false;
+    bool listPrograms = false;
 };
 
 CLI::App* addRender(CLI::App& app, Typed& typed) {
@@ -68,6 +70,7 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
 CLI::App* addList(CLI::App& app, Typed& typed) {
     CLI::App* command = app.add_subcommand("list", "List what the effect offers");
     command->add_flag("--params", typed.listParams, "All parameters with their texts");
+    command->add_flag("--programs", typed.listPrograms, "All stored programs with their names");
     command->add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
         ->type_name("FILE");
     return command;
@@ -123,10 +126,10 @@ int runCommandLine(int argc, char** argv) {
     if (renderCommand->parsed()) {
         render(renderOptions(typed, *renderCommand));
     } else if (listCommand->parsed()) {
-        if (!typed.listParams) {
-            throw UserError("list: say what to list: --params");
+        if (typed.listParams == typed.listPrograms) {
+            throw UserError("list: say what to list: --params or --programs");
         }
-        listParams(typed.plugin);
+        typed.listParams ? listParams(typed.plugin) : listPrograms(typed.plugin);
     } else if (infoCommand->parsed()) {
         printInfo(typed.infoFile);
     } else {
