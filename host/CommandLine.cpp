@@ -47,7 +47,15 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
                      "A parameter, by name or #index, and its value; may be given many times")
         ->type_name("NAME=VALUE")
         ->allow_extra_args(false);
-    command->add_option("--tempo", typed.tempo, "Tempo of the song, 20 to 999")->type_name("BPM");
+    command
+        ->add_option("--tempo", typed.tempo,
+                     "Tempo of the song, 20 to 999; with --midi until that file tells another one")
+        ->type_name("BPM");
+    command
+        ->add_option("--midi", typed.render.midi,
+                     "MIDI file that plays along: its channel messages go to the effect, its "
+                     "tempos are the song's (120 BPM until --tempo or the file tells one)")
+        ->type_name("FILE");
     command
         ->add_option(
             "--tail", typed.tail,
