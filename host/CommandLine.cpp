@@ -43,6 +43,10 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
         ->type_name("FILE")
         ->required();
     command
+        ->add_option("--program", typed.render.program,
+                     "A stored program, by number (0 to 139) or name; --set changes it")
+        ->type_name("N|NAME");
+    command
         ->add_option("--set", typed.render.settings,
                      "A parameter, by name or #index, and its value; may be given many times")
         ->type_name("NAME=VALUE")

@@ -15,7 +15,9 @@
 #include "Parameters.h"
 #include "Plugin.h"
 #include "PluginLocation.h"
+#include "Programs.h"
 #include "Progress.h"
+#include "Store.h"
 #include "Texts.h"
 #include "UserError.h"
 
@@ -49,6 +51,16 @@ Song songOf(const RenderOptions& options, int sampleRate) {
     const MidiFile file = readMidiFile(options.midi);
     const TempoMap tempo = tempoMapOf(file, options.tempo.value_or(kUntoldTempo));
     return {tempo, MidiPlayer(file, tempo, sampleRate)};
+}
+
+void chooseProgram(const RenderOptions& options, const Plugin& plugin) {
+    if (!options.program) {
+        return;
+    }
+    const int32_t number = Programs(plugin).find(*options.program);
+    Store store(plugin);
+    store.makeCurrent(number);
+    store.send(plugin);
 }
 
 std::vector<Setting> parseSettings(const std::vector<std::string>& texts, const Plugin& plugin) {
@@ -125,6 +137,7 @@ void render(const RenderOptions& options) {
     Song song = songOf(options, rate);
     Transport transport(std::move(song.tempo));
     Plugin plugin(pluginFile(options.plugin), transport);
+    chooseProgram(options, plugin);
     const std::vector<Setting> settings = parseSettings(options.settings, plugin);
 
     const int format = outputFormat(options.output, options.format, reader.format(), rate);
