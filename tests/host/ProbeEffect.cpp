@@ -77,7 +77,7 @@ intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void*
         note("chunk of ", value, " program ", int(bytes[25]) + 256 * bytes[26]);
         return 1;
     } else if (opcode == effGetProgramNameIndexed && value == -1 && index < 4) {
-        std::strcpy(static_cast<char*>(ptr), kPrograms[index]);
+        std::memcpy(ptr, kPrograms[index], std::strlen(kPrograms[index]) + 1);
         return 1;
     } else if (opcode == effGetParamName) {
         std::strcpy(static_cast<char*>(ptr), kNames[index]);
