@@ -69,6 +69,7 @@ TEST_F(MidiTest, MessagesAndTempoFollowTheTempoChanges) {
     // 240 BPM until the file tells 120 (after one quarter note) and 60 (half a one later): a
     // quarter note is 12000, then 24000, then 48000 frames.
     const std::string tempos = bytes({0x83, 0x60, 0xFF, 0x51, 3, 0x07, 0xA1, 0x20}) +
+                               bytes({0, 0xB1, 9, 9}) +
                                bytes({0x81, 0x70, 0xFF, 0x51, 3, 0x0F, 0x42, 0x40});
     // At ticks 0, 1, 480, 600, 720, 840 and far behind the end of the sound.
     const std::string notes =
@@ -77,19 +78,21 @@ TEST_F(MidiTest, MessagesAndTempoFollowTheTempoChanges) {
     const std::string contents = header(1, 2) + track(tempos) + track(notes);
     EXPECT_EQ(played(contents, {"--tempo", "240", "--block", "12000"}),
               "message 176 7 0 after 0\nmessage 176 7 1 after 25\n0 tempo 240 ppq 0\n"
-              "message 176 7 2 after 0\nmessage 176 7 3 after 6000\n12000 tempo 120 ppq 1\n"
+              "message 177 9 9 after 0\nmessage 176 7 2 after 0\nmessage 176 7 3 after 6000\n12000 "
+              "tempo 120 ppq 1\n"
               "message 176 7 4 after 0\n24000 tempo 60 ppq 1.5\n"
               "message 176 7 5 after 0\n36000 tempo 60 ppq 1.75\n");
     // Changes within a block wait for its end; 4000 frames after the first are 1/6 of a quarter.
     EXPECT_EQ(played(contents, {"--tempo", "240", "--block", "16000"}),
               "message 176 7 0 after 0\nmessage 176 7 1 after 25\n"
-              "message 176 7 2 after 12000\n0 tempo 240 ppq 0\n"
+              "message 177 9 9 after 12000\nmessage 176 7 2 after 12000\n0 tempo 240 ppq 0\n"
               "message 176 7 3 after 2000\nmessage 176 7 4 after 8000\n"
               "16000 tempo 120 ppq 1.16666666666667\n"
               "message 176 7 5 after 4000\n32000 tempo 60 ppq 1.66666666666667\n");
     // Nobody has told the first tempo: 120, and the first quarter note lasts twice as long.
     EXPECT_EQ(played(contents, {"--block", "40000"}),
-              "message 176 7 0 after 0\nmessage 176 7 1 after 50\nmessage 176 7 2 after 24000\n"
+              "message 176 7 0 after 0\nmessage 176 7 1 after 50\nmessage 177 9 9 after "
+              "24000\nmessage 176 7 2 after 24000\n"
               "message 176 7 3 after 30000\nmessage 176 7 4 after 36000\n0 tempo 120 ppq 0\n");
 }
 
