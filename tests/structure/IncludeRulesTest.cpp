@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::map<std::string, int> kFloors = {{"platform", 1},  {"engine", 1},  {"vst", 1},
-                                            {"resources", 1}, {"toolkit", 2}, {"parameters", 2},
+                                            {"resources", 0}, {"toolkit", 2}, {"parameters", 2},
                                             {"widgets", 3},   {"midi", 3},    {"presets", 4},
                                             {"editor", 5},    {"shell", 6}};
 
