@@ -62,8 +62,10 @@ struct FactoryProgram {
 // The bank from row 2 to row 131, in order, by the files that hold them. Rows 0 and 1 and the last
 // eight are the neutral program.
 extern const std::span<const FactoryProgram> kTemplates;        // 2 to 9
-extern const std::span<const FactoryProgram> kVoicesAndWashes;  // 10 to 35
-extern const std::span<const FactoryProgram> kEchoes;           // 36 to 61
+extern const std::span<const FactoryProgram> kCalls;            // 10 to 22
+extern const std::span<const FactoryProgram> kVoicesAndWashes;  // 23 to 35
+extern const std::span<const FactoryProgram> kEchoes;           // 36 to 48
+extern const std::span<const FactoryProgram> kLiquids;          // 49 to 61
 extern const std::span<const FactoryProgram> kGrooves;          // 62 to 81
 extern const std::span<const FactoryProgram> kPlaces;           // 82 to 103
 extern const std::span<const FactoryProgram> kMachines;         // 104 to 131
