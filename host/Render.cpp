@@ -54,12 +54,20 @@ Song songOf(const RenderOptions& options, int sampleRate) {
 }
 
 void chooseProgram(const RenderOptions& options, const Plugin& plugin) {
-    if (!options.program) {
+    if (options.bank.empty() && !options.program && options.preset.empty()) {
         return;
     }
-    const int32_t number = Programs(plugin).find(*options.program);
     Store store(plugin);
-    store.makeCurrent(number);
+    if (!options.bank.empty()) {
+        store.loadBank(options.bank);
+        store.send(plugin);  // the effect tells the names of its programs
+    }
+    if (options.program) {
+        store.makeCurrent(Programs(plugin).find(*options.program));
+    }
+    if (!options.preset.empty()) {
+        store.loadPreset(options.preset);
+    }
     store.send(plugin);
 }
 

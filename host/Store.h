@@ -1,28 +1,42 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <span>
 #include <vector>
 
 #include "Plugin.h"
+#include "presets/Image.h"
 
 namespace tessel8::host {
 
-/// The effect's whole store of programs as the one chunk in which it travels: a head of 8 bytes
-/// (version and id), then the bank image. What is changed here reaches the effect with `send`.
+/// The effect's whole store of programs, which travels as one chunk. What is changed here reaches
+/// the effect with `send`.
 class Store {
   public:
     /// Fetches the store; throws UserError where the effect gives none.
     explicit Store(const Plugin& plugin);
 
-    /// `number` counts from 0.
-    void makeCurrent(int32_t number);
+    /// Takes over the programs of a bank file and which of them is current. Throws
+    /// UserError for what is none.
+    void loadBank(const std::filesystem::path& file);
+
+    /// Replaces the current program by that of a preset file. Throws UserError for what is none.
+    void loadPreset(const std::filesystem::path& file);
+
+    /// `number` 0 to 139.
+    void makeCurrent(int32_t number) { current_ = number; }
 
     /// Throws UserError where the effect does not take it.
     void send(const Plugin& plugin) const;
 
   private:
-    std::vector<uint8_t> chunk_;
+    using Programs = std::span<ProgramRecord, kProgramCount>;
+
+    Programs programs() { return Programs(programs_); }
+
+    std::vector<ProgramRecord> programs_ = std::vector<ProgramRecord>(kProgramCount);
+    int32_t current_ = 0;
 };
 
 }  // namespace tessel8::host

@@ -16,7 +16,7 @@ TEST_F(ProgramTest, NumbersAndNamesChooseAProgramBeforeTheSettings) {
         useProbe("");
         const Strings options = {"--set", "ModeFB=1", "--program", text};
         EXPECT_TRUE(succeeded(render(file("in.wav"), file("out.wav"), options)));
-        const std::string calls = "chunk of 100 program " + std::string(number) + "\n";
+        const std::string calls = "chunk of 986769 program " + std::string(number) + "\n";
         const size_t chosen = contentsOf(log()).find(calls);
         EXPECT_LT(chosen, contentsOf(log()).find("set 2 1\n")) << text;
     }
