@@ -15,8 +15,6 @@ namespace {
 
 audioMasterCallback askHost = nullptr;
 AEffect effect{};
-// Of version 2 and without a record: every program is neutral.
-uint8_t chunk[49] = {0, 0, 0, 2, '8', 'L', 'S', 'T', '8', 'L', 'S', 'T', '8'};
 
 bool isKind(const char* kind) {
     return std::strcmp(std::getenv("TESSEL8_PROBE_KIND"), kind) == 0;
@@ -56,7 +54,6 @@ void noteMessages(const VstEvents& events) {
 
 intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void* ptr, float opt) {
     constexpr const char* kNames[] = {"Level", "ZoomDel", "ModeFB", "Odd name"};
-    constexpr const char* kPrograms[] = {"*init", "Wide", "*init", "wide"};
     if (opcode == effOpen) {
         note("open");
     } else if (opcode == effClose) {
@@ -70,16 +67,6 @@ intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void*
         note("mains ", value);
     } else if (opcode == effProcessEvents) {
         noteMessages(*static_cast<const VstEvents*>(ptr));
-    } else if (opcode == effGetChunk) {
-        *static_cast<uint8_t**>(ptr) = chunk;
-        return sizeof chunk;
-    } else if (opcode == effSetChunk) {
-        const auto* const bytes = static_cast<const uint8_t*>(ptr);
-        note("chunk of ", value, " program ", int(bytes[25]) + 256 * bytes[26]);
-        return 1;
-    } else if (opcode == effGetProgramNameIndexed && value == -1 && index < 4) {
-        std::memcpy(ptr, kPrograms[index], std::strlen(kPrograms[index]) + 1);
-        return 1;
     } else if (opcode == effGetParamName) {
         std::strcpy(static_cast<char*>(ptr), kNames[index]);
     }
