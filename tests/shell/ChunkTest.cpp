@@ -1,7 +1,10 @@
 // The store of programs as a host keeps it: chunks, byte by byte, whole, cut off and lying.
 
+#include <algorithm>
 #include <bit>
 #include <limits>
+#include <numeric>
+#include <random>
 
 #include "shell/FakeHost.h"
 
@@ -200,6 +203,43 @@ TEST(Chunk, ThatIsCutOffOrLiesOrHoldsABadValueChangesNothing) {
     EXPECT_EQ(hosted.send(effSetChunk, 0, 100, nullptr), -1);
     EXPECT_EQ(hosted.send(effSetChunk, 0, -1, old.data()), -1);
     EXPECT_EQ(hosted.send(effGetChunk, 0, 0, nullptr), 0);
+}
+
+// Some hosts restore the chunk and then all parameters, in an order of their own and from rounded
+// text. That must not undo what the chunk set. One law does not allow it: a rounded LFO frequency
+// is one that the user set, and ends the LFO's note mode and with it the sync.
+TEST(Chunk, IsNotUndoneByRoundedParametersInAnyOrder) {
+    std::mt19937 random(3);
+    std::vector<int32_t> order(215);
+    std::iota(order.begin(), order.end(), 0);
+    for (int32_t program = 0; program < 140; ++program) {
+        HostedEffect alone, both;
+        for (HostedEffect* hosted : {&alone, &both}) {
+            hosted->rate(48000.0f);
+            hosted->mains(true);
+            ASSERT_EQ(load(*hosted, Writer{}.head(0, uint32_t(program)).bytes), 0);
+            hosted->noise();
+        }
+        std::vector<float> rounded(215);
+        for (int32_t i = 0; i < 215; ++i) {
+            char text[32];
+            std::snprintf(text, sizeof text, "%.6g", double(both.get(i)));
+            rounded[size_t(i)] = std::strtof(text, nullptr);
+        }
+        std::shuffle(order.begin(), order.end(), random);
+        for (const int32_t i : order) {
+            both.set(i, rounded[size_t(i)]);
+        }
+        both.noise();
+        constexpr int32_t kNoteMode = 8, kSync = 15, kDelaySteps = 391, kLastReading = 414;
+        const bool losesNoteMode = alone.get(kNoteMode) != 0.0f;
+        for (int32_t i = 0; i <= kLastReading; i = i == 214 ? kDelaySteps : i + 1) {
+            if (!losesNoteMode || (i != kNoteMode && i != kSync)) {
+                EXPECT_NEAR(both.get(i), alone.get(i), 2e-6f * std::fmax(1.0f, alone.get(i)))
+                    << "program " << program << ", index " << i;
+            }
+        }
+    }
 }
 
 TEST(Chunk, WithInfiniteAndHugeValuesLoadsAndStaysHarmless) {
