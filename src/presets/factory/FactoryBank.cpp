@@ -23,7 +23,8 @@ void writeFactoryBank(std::span<ProgramRecord> programs) {
     auto record = programs.begin() + kFirstWrittenRow;
     for (const auto& rows :
          {factory::kTemplates, factory::kCalls, factory::kVoicesAndWashes, factory::kEchoes,
-          factory::kLiquids, factory::kGrooves, factory::kPlaces, factory::kMachines}) {
+          factory::kLiquids, factory::kGrooves, factory::kRhythms, factory::kPlaces,
+          factory::kJourneys, factory::kMachines, factory::kVisions, factory::kRefrains}) {
         for (const factory::FactoryProgram& program : rows) {
             writeRecord(*record++, program);
         }
