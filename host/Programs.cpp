@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "NameDistance.h"
 #include "Numbers.h"
@@ -24,6 +25,17 @@ bool isNumber(std::string_view text) {
     const size_t sign = text.starts_with('-') ? 1 : 0;
     return text.size() > sign &&
            text.find_first_not_of("0123456789", sign) == std::string_view::npos;
+}
+
+/// Smaller is nearer. Names are long, so a text may well be a part of one; the rest of the name
+/// counts only among equals.
+std::pair<size_t, size_t> farness(std::string_view text, std::string_view name) {
+    const size_t whole = nameDistance(text, name);
+    size_t part = whole;
+    for (size_t from = 0; from < name.size(); ++from) {
+        part = std::min(part, nameDistance(text, name.substr(from, text.size())));
+    }
+    return {part, whole};
 }
 
 void printRow(const std::string& number, const std::string& name) {
@@ -57,10 +69,10 @@ int32_t Programs::find(std::string_view text) const {
         });
     }
     if (found == names_.end()) {
-        const auto nearest = std::min_element(
-            names_.begin(), names_.end(), [&](const std::string& a, const std::string& b) {
-                return nameDistance(text, a) < nameDistance(text, b);
-            });
+        const auto nearest = std::min_element(names_.begin(), names_.end(),
+                                              [&](const std::string& a, const std::string& b) {
+                                                  return farness(text, a) < farness(text, b);
+                                              });
         throw UserError("unknown program " + inQuotes(text) + "; did you mean " +
                         inQuotes(*nearest) + "? \"tessel8 list --programs\" shows them all");
     }
