@@ -69,10 +69,12 @@ int32_t Programs::find(std::string_view text) const {
         });
     }
     if (found == names_.end()) {
-        const auto nearest = std::min_element(names_.begin(), names_.end(),
-                                              [&](const std::string& a, const std::string& b) {
-                                                  return farness(text, a) < farness(text, b);
-                                              });
+        constexpr size_t kLongestCompared = 64;  // far beyond any name, and soon done
+        const std::string_view compared = text.substr(0, kLongestCompared);
+        const auto nearest = std::min_element(
+            names_.begin(), names_.end(), [&](const std::string& a, const std::string& b) {
+                return farness(compared, a) < farness(compared, b);
+            });
         throw UserError("unknown program " + inQuotes(text) + "; did you mean " +
                         inQuotes(*nearest) + "? \"tessel8 list --programs\" shows them all");
     }

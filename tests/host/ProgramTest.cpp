@@ -62,7 +62,7 @@ TEST_F(ProgramTest, WrongProgramsAndFilesAreNamed) {
     expectRefusal({"--program", "140"}, "0 to 139");
     expectRefusal({"--program", "-1"}, "0 to 139");
     expectRefusal({"--bank", file("b.vtb"), "--program", "Of"}, "did you mean \"OFF\"?");
-    expectRefusal({"--program", "ping pong"}, "did you mean \"*init PingPong\"?");
+    expectRefusal({"--program", "ekoz"}, "did you mean \"4th Note Ekoz QC\"?");
     expectRefusal({"--bank", file("absent.vtb")}, "absent.vtb: No such file");
     expectRefusal({"--preset", folder_}, "Is a directory");
     expectRefusal({"--bank", file("p.vtp")}, "p.vtp holds no bank");
