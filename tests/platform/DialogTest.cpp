@@ -54,7 +54,7 @@ struct DialogTest : Host {
         const xcb_window_t before = user.focus();
         EXPECT_TRUE(until([&] { return user.focus() != before; }));
         user.type(keys);
-        const std::string chosen = result();
+        std::string chosen = result();
         EXPECT_EQ(user.focus(), before);
         return chosen;
     }

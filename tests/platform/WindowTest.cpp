@@ -1,6 +1,6 @@
-#include <signal.h>
 #include <unistd.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
+#include <csignal>
 
 #include "XClient.h"
 #include "platform/linux/PipeSignalGuard.h"
@@ -108,7 +108,9 @@ TEST_F(WindowTest, DoesNothingMoreOnceTheParentIsGone) {
 }
 
 TEST_F(WindowTest, SurvivesTheEndOfTheServer) {
-    ASSERT_EQ(kill(std::atoi(std::getenv("XVFB_PID")), SIGKILL), 0);
+    const char* server = std::getenv("XVFB_PID");
+    ASSERT_TRUE(server);
+    ASSERT_EQ(kill(std::atoi(server), SIGKILL), 0);
     sleepMilliseconds(100);
     window->invalidate({0, 0, 200, 150});
     window->processPaints();

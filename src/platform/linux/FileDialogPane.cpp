@@ -155,7 +155,8 @@ void FileDialogPane::paintList(const Surface& surface, const PixelRect& damaged)
     drawFrame(surface, damaged, kList, kFrame);
     const auto count = int32_t(browser.entries().size());
     for (int32_t row = 0; row < kRows && firstShown + row < count; ++row) {
-        const bool lit = firstShown + row == selected;
+        const int32_t index = firstShown + row;
+        const bool lit = index == selected;
         PixelRect place = rowPlace(row);
         if (lit) {
             fillRect(surface, damaged, place, kLitGround);
@@ -163,8 +164,7 @@ void FileDialogPane::paintList(const Surface& surface, const PixelRect& damaged)
         place.left += kTextInset;
         drawText(surface, damaged.intersected(place), place.left,
                  centredBaseline(place.top, place.bottom, kFontSize),
-                 browser.entries()[size_t(firstShown + row)].text(), kFontSize,
-                 lit ? kLitText : kText);
+                 browser.entries()[size_t(index)].text(), kFontSize, lit ? kLitText : kText);
     }
 }
 

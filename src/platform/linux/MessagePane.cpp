@@ -24,12 +24,13 @@ std::vector<std::string> wrapped(const std::string& text) {
         std::istringstream words(paragraph);
         std::string line;
         for (std::string word; words >> word;) {
-            const std::string longer = line.empty() ? word : line + " " + word;
+            std::string longer = line;
+            longer.append(line.empty() ? "" : " ").append(word);
             if (!line.empty() &&
                 textWidth(longer, DialogPane::kFontSize) > kWidth - 2 * DialogPane::kMargin) {
                 lines.push_back(std::exchange(line, word));
             } else {
-                line = longer;
+                line = std::move(longer);
             }
         }
         lines.push_back(line);

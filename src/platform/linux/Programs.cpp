@@ -36,11 +36,13 @@ std::vector<char*> environmentForOthers() {
 
 std::string findProgram(const std::string& name) {
     const char* path = std::getenv("PATH");
-    std::istringstream folders((path ? std::string(path) + ":" : "") + kUsualFolders);
-    for (std::string folder; std::getline(folders, folder, ':');) {
-        const std::string file = folder + "/" + name;
-        if (!folder.empty() && access(file.c_str(), X_OK) == 0) {
-            return file;
+    for (const char* list : {path ? path : "", kUsualFolders}) {
+        std::istringstream folders(list);
+        for (std::string file; std::getline(folders, file, ':');) {
+            file.append("/").append(name);
+            if (access(file.c_str(), X_OK) == 0) {
+                return file;
+            }
         }
     }
     return {};
