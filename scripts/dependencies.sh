@@ -4,9 +4,11 @@
 #   scripts/dependencies.sh build|demo|test ...
 set -euo pipefail
 
-build=(g++ cmake ninja-build libsndfile1-dev libcli11-dev)
+build=(g++ cmake ninja-build libsndfile1-dev libcli11-dev
+       libxcb1-dev libxcb-shm0-dev libxkbcommon-dev libxkbcommon-x11-dev)
 demo=("${build[@]}" alsa-utils)
-test=("${build[@]}" libgtest-dev libgmock-dev libbenchmark-dev binutils)
+test=("${build[@]}" libgtest-dev libgmock-dev libbenchmark-dev binutils
+      xvfb libxcb-xtest0-dev)
 
 usage() {
     echo "usage: ${0##*/} build|demo|test ..." >&2

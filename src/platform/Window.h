@@ -92,6 +92,8 @@ class Window {
     virtual void invalidate(const PixelRect& part) = 0;
     /// Asks the system at this moment.
     virtual MouseState currentMouse() = 0;
+    /// Gives the keyboard to the line edit that is open. Without one the host keeps it: no key that
+    /// belongs to the host ends here.
     virtual void takeKeyboardFocus() = 0;
 
     /// Opens a line edit with its whole text selected. It takes the keyboard; `ended` gets the

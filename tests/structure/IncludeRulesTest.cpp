@@ -148,13 +148,15 @@ TEST(IncludeRules, NoFileIncludesItselfByAnyWay) {
 TEST(IncludeRules, TheOperatingSystemIsKnownToThePlatformAlone) {
     for (const auto& [file, includes] : filesBelow("src")) {
         for (const Include& include : includes) {
-            EXPECT_TRUE(firstFolder(file) == "platform" || !belongsToTheSystem(include.name))
+            EXPECT_TRUE(file.rfind("platform/linux/", 0) == 0 || !belongsToTheSystem(include.name))
                 << file << " includes " << include.name;
         }
     }
 }
 
 TEST(IncludeRules, TheCommandLineHostKnowsThePluginByItsInterfaceAlone) {
+    // Beside the interface: the form of programs in files, which must not be written down twice.
+    const std::set<std::string> kCommon = {"vst/Vst24.h", "presets/Chunk.h", "presets/Image.h"};
     const auto files = filesBelow("host");
     const auto sources = filesBelow("src");
     if (files.empty()) {
@@ -165,7 +167,7 @@ TEST(IncludeRules, TheCommandLineHostKnowsThePluginByItsInterfaceAlone) {
             if (!include.inQuotes || files.count(resolved(files, file, include.name))) {
                 continue;
             }
-            EXPECT_EQ(include.name, "vst/Vst24.h") << file;
+            EXPECT_TRUE(kCommon.count(include.name)) << file << " includes " << include.name;
         }
     }
     for (const Include& include : sources.at("vst/Vst24.h")) {
