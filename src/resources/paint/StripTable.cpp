@@ -17,6 +17,10 @@ constexpr Place bars(int32_t shown, int32_t shownStep) {
     return {453, 51, kTaps, 10, 0, Mode::kPanel, shown, shownStep};
 }
 
+constexpr Place swappedBars() {
+    return {453, 51, kTaps, 10, 0, Mode::kSwapped};
+}
+
 std::vector<Strip> makeTable() {
     std::vector<Strip> table = {
         // Master and reverb.
@@ -25,7 +29,7 @@ std::vector<Strip> makeTable() {
         {237, 50, 50, 101, {at(145, 117, 50)}},
         {195, 48, 50, 101, {at(97, 117, 50)}},
         {219, 57, 57, 2, {at(766, 21)}},
-        {220, 57, 57, 2, {}},
+        {220, 57, 57, 2, {at(766, 21, 0, Mode::kSwapped)}},
         {221, 38, 40, 2, {at(724, 44)}},
         {208, 39, 30, 2, {at(681, 92, 1)}},
         {207, 35, 40, 2, {at(717, 124)}},
@@ -101,8 +105,8 @@ std::vector<Strip> makeTable() {
         {168, 11, 11, 2, {at(524, 134)}},
         {179, 59, 7, 11, {at(462, 136)}},
         {180, 10, 81, 41, {bars(36, -3)}},
-        {181, 10, 81, 41, {}},
-        {184, 10, 81, 41, {}},
+        {181, 10, 81, 41, {swappedBars()}},
+        {184, 10, 81, 41, {swappedBars()}},
         {153, 5, 81, 1, {inPanel(447, 51), inPanel(531, 51)}},
         // Modulation.
         {169, 40, 11, 2, {at(565, 40, 1)}},

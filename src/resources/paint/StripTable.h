@@ -12,7 +12,8 @@ constexpr int32_t kBackground = 128;  ///< number of the panel's background pict
 constexpr int32_t kRowPitch = 36;     ///< from one tap row to the next, pixels
 constexpr int32_t kTaps = 8;
 
-enum class Mode : uint8_t { kBoth, kPanel, kGraph };
+/// When a strip is seen; `kSwapped` ones take the place of another in the course of play.
+enum class Mode : uint8_t { kBoth, kPanel, kGraph, kSwapped };
 
 /// Where a strip is seen: `count` rectangles of the size of one image, each `stepX`, `stepY` from
 /// the one before. `shown` and `shownStep` choose the images of the preview.
