@@ -18,11 +18,11 @@ void drawPlate(const Canvas& canvas) {
 }
 
 void drawField(const Canvas& canvas) {
-    canvas.rounded(kFieldLeft - 1, 164.2, kFieldRight - kFieldLeft + 2, kFeedbackBottom - 163.2, 5);
+    canvas.rounded(kFieldLeft - 1, 167.2, kFieldRight - kFieldLeft + 2, kFeedbackBottom - 166.2, 5);
     canvas.fill(kRowLight);
-    canvas.rounded(kFieldLeft - 1, 163, kFieldRight - kFieldLeft + 2, kFeedbackBottom - 163, 5);
+    canvas.rounded(kFieldLeft - 1, 166, kFieldRight - kFieldLeft + 2, kFeedbackBottom - 166, 5);
     canvas.fill(kRowDark);
-    canvas.rounded(kFieldLeft, 164, kFieldRight - kFieldLeft, kFeedbackBottom - 165, 4);
+    canvas.rounded(kFieldLeft, 167, kFieldRight - kFieldLeft, kFeedbackBottom - 168, 4);
     canvas.fill(kRow);
     for (int32_t row = 0; row <= kTaps; ++row) {
         const int32_t y = kFirstRow + kRowPitch * row;
@@ -37,6 +37,29 @@ void drawColumns(const Canvas& canvas) {
         canvas.block(x, kFirstRow, 1, kFeedbackTop - kFirstRow - 1, kRowDark);
         canvas.block(x + 1, kFirstRow, 1, kFeedbackTop - kFirstRow - 1, kRowLight);
     }
+}
+
+/// A stronger rule after four taps, beside and between the controls, for the eye to count by.
+void drawCountingRule(const Canvas& canvas) {
+    const int32_t y = kFirstRow + 4 * kRowPitch - 1;
+    constexpr Box kPieces[] = {
+        {9, y, 26, y + 2}, {847, y, 866, y + 2}, {122, y, 125, y + 2}, {486, y, 490, y + 2}};
+    for (const Box& piece : kPieces) {
+        canvas.block(piece.left, piece.top, piece.width(), piece.height(), kRowLine);
+    }
+    // The master feedback below the taps is another thing altogether.
+    canvas.block(kFieldLeft, kFeedbackTop, kFieldRight - kFieldLeft, 1, kAmber.withAlpha(0.75));
+    canvas.block(kFieldLeft, kFeedbackTop + 1, kFieldRight - kFieldLeft, 1, kRowDark);
+}
+
+/// A shallow well around a group of controls.
+void drawWell(const Canvas& canvas, const Box& box) {
+    canvas.rounded(box.left, box.top + 1, box.width(), box.height(), 5);
+    canvas.fill(kRowLight);
+    canvas.rounded(box.left, box.top, box.width(), box.height(), 5);
+    canvas.fill(kRowDark);
+    canvas.rounded(box.left + 1, box.top + 1, box.width() - 2, box.height() - 2, 4);
+    canvas.fill(kRow);
 }
 
 void drawPresetField(const Canvas& canvas) {
@@ -57,10 +80,14 @@ Picture paintBackground() {
     drawPlate(canvas);
     drawField(canvas);
     drawColumns(canvas);
+    drawCountingRule(canvas);
+    drawWell(canvas, {41, 97, 200, 164});
+    drawWell(canvas, {676, 87, 835, 164});
     drawPresetField(canvas);
     paintDisplayGround(canvas);
     paintCaptions(canvas);
-    drawTiles(canvas, 300, 514, 6, 22, kAmber);
+    drawTiles(canvas, 308, 514, 7, 21.5, kAmber);
+    drawTiles(canvas, 560, 556.5, 6, 6.6, kMint);
     canvas.over(panel);
     return panel;
 }

@@ -16,9 +16,9 @@ struct Section {
 };
 
 const Section kSections[] = {
-    {27, 73, "TAP", kMint},      {78, 121, "FEEDBACK", kAmber}, {127, 228, "LEVEL", kMint},
-    {233, 483, "DELAY", kMint},  {491, 648, "FILTER", kIce},    {652, 725, "MODULATION", kRose},
-    {729, 785, "DRIVE", kCoral}, {789, 845, "REVERB", kViolet},
+    {27, 54, "TAP", kMint},      {58, 121, "FEEDBACK", kAmber}, {127, 228, "LEVEL", kMint},
+    {232, 484, "DELAY", kMint},  {491, 649, "FILTER", kIce},    {653, 725, "MODULATION", kRose},
+    {729, 786, "DRIVE", kCoral}, {790, 845, "REVERB", kViolet},
 };
 
 struct Head {
@@ -28,11 +28,11 @@ struct Head {
 };
 
 const Head kHeads[] = {
-    {42, "ON", 30},      {65.5, "SEND", 20},   {92.5, "AMT", 22},   {115, "PRE", 21},
-    {142.5, "GAIN", 28}, {177.5, "WIDTH", 29}, {211.5, "BAL", 22},  {358, "TIME", 40},
-    {500.5, "ON", 21},   {526.5, "TYPE", 26},  {561.5, "FREQ", 26}, {597, "RESO", 26},
-    {631.5, "GAIN", 26}, {665, "SRC", 20},     {685.5, "INV", 17},  {709.5, "DEPTH", 28},
-    {739, "ON", 21},     {769, "AMT", 22},     {798.5, "ON", 19},   {827, "MIX", 20},
+    {41.5, "ON", 27},    {65.5, "SEND", 19},   {91, "AMT", 19},      {114.5, "PRE", 17},
+    {142.5, "GAIN", 27}, {177.5, "WIDTH", 28}, {211.5, "BAL", 22},   {358, "TIME", 40},
+    {500.5, "ON", 20},   {526.5, "TYPE", 24},  {561.5, "FREQ", 25},  {597, "RESO", 25},
+    {631.5, "GAIN", 25}, {665, "SRC", 18},     {685.5, "\u00D8", 9}, {709.5, "DEPTH", 27},
+    {738.5, "ON", 18},   {768.5, "AMT", 21},   {798.5, "ON", 18},    {827, "MIX", 19},
 };
 
 struct Caption {
@@ -46,34 +46,39 @@ const Caption kCaptions[] = {
     {70.5, 113, "INPUT"},
     {121, 113, "MIX"},
     {170, 113, "OUTPUT"},
-    {743, 40, "TAP PAD", 38},
-    {756, 110, "REVERB", 60, kViolet},
-    {772, 122, "DAMP", 36},
-    {810, 122, "MIX", 36},
+    {743, 39, "TAP PAD", 38},
+    {772, 121, "DAMP", 34},
+    {810, 121, "MIX", 34},
     // Feedback row.
+    {37.5, 529, "ON"},
+    {86, 529, "MODE"},
+    {129.5, 529, "TAP", 18},
     {177.5, 529, "GAIN"},
-    {211, 529, "PAN L", 30},
-    {237, 511, "LINK", 16},
-    {265.5, 529, "PAN R", 30},
+    {211, 529, "PAN L", 29},
+    {237.5, 529, "LINK", 18},
+    {265.5, 529, "PAN R", 29},
+    {500.5, 529, "ON"},
+    {526.5, 529, "TYPE", 24},
     {561.5, 529, "FREQ"},
     {598.5, 529, "RESO"},
     {666.5, 529, "SRC"},
-    {709.5, 529, "DEPTH"},
+    {709.5, 529, "DEPTH", 28},
+    {739.5, 529, "ON"},
     {769.5, 529, "AMT"},
-    // Preset strip.
-    {45.5, 547, "SAVE", 26},
-    {96.5, 547, "LOAD", 26},
-    {125.5, 547, "SAVE", 26},
-    {188.5, 547, "LOAD", 26},
-    {280, 547, "PROGRAM", 80},
-    {379, 547, "STEP", 30},
-    {421.5, 547, "STORE", 29},
-    {454.5, 547, "RECALL", 30},
-    {485.5, 547, "STORE", 29},
-    {519.5, 547, "RECALL", 30},
+    {820, 529, "STOP ALL", 48},
+    // Preset strip: between the keys of a memo.
     {438, 561, "A"},
     {502.5, 561, "B"},
 };
+
+/// A title over a group of the preset strip, with a bracket down to its ends.
+struct Bracket {
+    double left, right;
+    const char* title;
+};
+
+const Bracket kBrackets[] = {{38, 104, "BANK"},  {118, 196, "PRESET"}, {203, 357, "PROGRAM"},
+                             {365, 393, "STEP"}, {414, 462, "MEMO"},   {478, 527, "MEMO"}};
 
 void drawSections(const Canvas& canvas) {
     for (const Section& section : kSections) {
@@ -100,6 +105,21 @@ void drawTapNumbers(const Canvas& canvas) {
     }
 }
 
+void drawBrackets(const Canvas& canvas) {
+    for (const Bracket& bracket : kBrackets) {
+        TextStyle style;
+        style.maxWidth = bracket.right - bracket.left - 4;
+        const double middle = (bracket.left + bracket.right) / 2;
+        const double half = drawText(canvas, bracket.title, middle, 547, style) / 2 + 4;
+        if (bracket.left + 3 < middle - half) {
+            canvas.block(bracket.left, 543, middle - half - bracket.left, 1, kRowLine);
+            canvas.block(middle + half, 543, bracket.right - middle - half, 1, kRowLine);
+            canvas.block(bracket.left, 543, 1, 4, kRowLine);
+            canvas.block(bracket.right - 1, 543, 1, 4, kRowLine);
+        }
+    }
+}
+
 }  // namespace
 
 void paintCaptions(const Canvas& canvas) {
@@ -111,6 +131,7 @@ void paintCaptions(const Canvas& canvas) {
         style.maxWidth = caption.room;
         drawText(canvas, caption.word, caption.x, caption.y, style);
     }
+    drawBrackets(canvas);
     TextStyle style;
     style.align = Align::kLeft;
     style.colour = kQuiet;
@@ -123,12 +144,15 @@ void paintCaptions(const Canvas& canvas) {
     style.colour = kRose;
     drawText(canvas, "MODULATION", 605, 20, style);
 
+    canvas.rounded(725, 93, 105, 2, 1);
+    canvas.fill(kViolet);
+    style.colour = kViolet;
+    drawText(canvas, "REVERB", 777.5, 106, style);
+
     style.colour = kCaption;
-    style.spacing = 4;
-    drawText(canvas, "VANTOR", 157, 50, style);
+    drawJustified(canvas, "VANTOR", 113, 197, 51, style);
     style.colour = kQuiet;
-    style.spacing = 3;
-    drawText(canvas, "VANTORAUDIO", 690, 560, style);
+    drawJustified(canvas, "VANTORAUDIO", 620, 760, 560, style);
     style.spacing = 0.4;
     style.align = Align::kRight;
     drawText(canvas, "KEYS", 838, 560, style);

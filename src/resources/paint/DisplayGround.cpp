@@ -46,9 +46,8 @@ void paintDisplayGround(const Canvas& canvas) {
     for (const Word& word : kWords) {
         drawPixelsBetween(canvas, word.text, word.left, word.right, word.top, kLcdSoft);
     }
-    canvas.block(411, 131, 2, 1, kLcdText);  // decimal points of the tempo and of the LFO
-    canvas.block(411, 130, 2, 1, kLcdText);
-    canvas.block(604, 73, 1, 1, kLcdText);
+    canvas.block(412, 130, 1, 2, kLcdText);  // decimal points of the tempo and of the LFO
+    canvas.block(604, 72, 1, 2, kLcdText);
 }
 
 }  // namespace tessel8::paint

@@ -22,9 +22,9 @@ struct ToggleRow {
 };
 
 const ToggleRow kToggles[] = {
-    {141, "FB", kAmber},   {194, "~", kMint},  {198, "DRV", kCoral}, {204, "PRE", kCoral},
-    {203, "REV", kViolet}, {201, "FLT", kIce}, {240, "", kAmber},    {142, "", kRose},
-    {210, "FB", kAmber},   {193, "~", kAmber}, {199, "DRV", kCoral}, {208, "ON", kViolet, 8},
+    {141, "FB", kAmber}, {194, "~", kMint},  {198, "ON", kCoral}, {204, "PRE", kCoral},
+    {203, "", kViolet},  {201, "", kIce},    {240, "", kAmber},   {142, "", kRose},
+    {210, "", kAmber},   {193, "~", kAmber}, {199, "", kCoral},   {208, "ON", kViolet, 8},
 };
 
 struct TwoWayRow {
@@ -54,6 +54,25 @@ void drawLabel(const Canvas& canvas, const std::string& text, const Box& box, do
     style.maxWidth = room;
     style.spacing = 0.2;
     drawText(canvas, text, box.centreX(), y, style);
+}
+
+/// The lamp of a key without a word: a bar on a tall key, a dot on a small one.
+void drawLamp(const Canvas& canvas, const Box& box, bool on, Colour colour) {
+    const double x = box.centreX(), y = box.centreY();
+    if (box.height() < 20) {
+        canvas.circle(x, y, 2.3);
+        canvas.fill(on ? kInk : kWell);
+        return;
+    }
+    canvas.rounded(x - 4, y - 8, 8, 16, 2.5);
+    canvas.fill(on ? mix(colour, kBlack, 0.35) : kWell);
+    if (on) {
+        canvas.rounded(x - 3, y - 7, 6, 14, 2);
+        canvas.fill(mix(colour, kWhite, 0.85));
+    } else {
+        canvas.rounded(x - 3, y - 7, 6, 14, 2);
+        canvas.fill(mix(colour, kWell, 0.78));
+    }
 }
 
 }  // namespace
@@ -99,17 +118,10 @@ void paintToggle(const Canvas& canvas, const Image& image) {
     if (label == "~") {
         drawChain(canvas, box.centreX(), box.centreY(), box.width() > 15 ? 0.95 : 0.62, ink);
     } else if (label.empty()) {
-        canvas.circle(box.centreX(), box.centreY(), 2.2);
-        canvas.fill(on ? kInk : kWell);
-    } else if (box.height() >= 30) {
-        // A lamp above the word.
-        const double x = box.centreX();
-        canvas.rounded(x - 4, box.top + 6, 8, 4, 1.5);
-        canvas.fill(on ? kWhite : kWell);
-        drawLabel(canvas, label, box, row.capHeight, box.bottom - 7, box.width() - 6, ink);
+        drawLamp(canvas, box, on, row.colour);
     } else {
         drawLabel(canvas, label, box, row.capHeight, box.centreY() + row.capHeight / 2,
-                  box.width() - 5, ink);
+                  box.width() - 7, ink);
     }
 }
 

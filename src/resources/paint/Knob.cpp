@@ -22,9 +22,9 @@ struct KnobRow {
 constexpr double kTapRadius = 14.4, kFeedbackRadius = 14.8;
 
 const KnobRow kKnobs[] = {
-    {195, 20, Arc::kFromStart, kMint},
-    {196, 20, Arc::kFromMiddle, kMint},
-    {237, 20, Arc::kFromMiddle, kMint},
+    {195, 19, Arc::kFromStart, kMint},
+    {196, 19, Arc::kFromMiddle, kMint},
+    {237, 19, Arc::kFromMiddle, kMint},
     {205, 16.5, Arc::kFromStart, kViolet},
     {206, 16.5, Arc::kFromStart, kViolet},
     {238, kTapRadius, Arc::kFromStart, kAmber},
@@ -71,6 +71,15 @@ void drawArc(const Canvas& canvas, double x, double y, double radius, double fro
     cairo_set_line_cap(cairo, CAIRO_LINE_CAP_ROUND);
 }
 
+void drawTicks(const Canvas& canvas, double x, double y, double radius) {
+    for (int32_t i = 0; i <= 10; ++i) {
+        const double dx = std::cos(angleOf(i / 10.0)), dy = std::sin(angleOf(i / 10.0));
+        const double end = radius + (i % 5 == 0 ? 3.4 : 2.4);
+        canvas.line(x + dx * (radius + 1.5), y + dy * (radius + 1.5), x + dx * end, y + dy * end);
+        canvas.stroke(i % 5 == 0 ? kQuiet : kRowLine, 0.9);
+    }
+}
+
 void drawBody(const Canvas& canvas, double x, double y, double radius) {
     const double lit = radius * 0.72;
     for (int32_t ring = 3; ring >= 1; --ring) {  // the shadow, soft at its edge
@@ -95,6 +104,9 @@ void paintKnob(const Canvas& canvas, const Image& image) {
     const double thick = knob.radius * 0.2, ring = knob.radius - thick / 2;
     const double value = image.value();
 
+    if (knob.radius > 18) {
+        drawTicks(canvas, x, y, knob.radius);
+    }
     drawArc(canvas, x, y, ring, angleOf(0), angleOf(1), thick + 1.0, kRowDark);
     drawArc(canvas, x, y, ring, angleOf(0), angleOf(1), thick, kWell);
     const double start = knob.arc == Arc::kFromStart    ? 0.0

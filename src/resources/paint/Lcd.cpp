@@ -64,18 +64,13 @@ void paintLcdArrow(const Canvas& canvas, const Image& image) {
     canvas.fill(lcdKeyInk(pressed));
 }
 
-/// The keys of numerator and denominator: a fraction with the part that the key steps filled.
+/// The keys that step numerator and denominator, upwards and around.
 void paintFractionKey(const Canvas& canvas, const Image& image) {
     const bool pressed = image.index == 1;
-    const Box& box = image.box;
-    const Colour ink = lcdKeyInk(pressed);
-    const Colour pale = mix(ink, pressed ? kLcdText : kLcdDeep, 0.6);
-    drawLcdKey(canvas, box, pressed);
-    const bool numerator = image.strip.number == 158;
-    canvas.block(box.left + 3, box.top + 5, 5, 1, ink);
-    canvas.block(box.left + 4, box.top + 3, 3, 1, numerator ? ink : pale);
-    canvas.block(box.left + 4, box.top + 7, 3, 1, numerator ? pale : ink);
-    canvas.block(box.left + 4, box.top + (numerator ? 2 : 7), 3, 2, ink);
+    drawLcdKey(canvas, image.box, pressed);
+    const double x = image.box.left + 5.5, y = image.box.top + 5.5;
+    canvas.triangle(x, y - 2.5, x + 3, y + 2, x - 3, y + 2);
+    canvas.fill(lcdKeyInk(pressed));
 }
 
 /// The keys of the controller map: a folder to load, a disk to save, a turning arrow to reset.

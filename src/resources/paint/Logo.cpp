@@ -24,15 +24,12 @@ void drawTiles(const Canvas& canvas, double left, double y, double size, double 
 void paintLogo(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
     TextStyle style;
+    const double left = box.left + 2, right = box.right - 2;
     style.capHeight = 13;
-    style.spacing = 1.2;
-    style.maxWidth = box.width() - 2;
-    drawText(canvas, "TESSEL", box.centreX(), box.top + 15, style);
+    drawJustified(canvas, "TESSEL", left, right, box.top + 15, style);
     style.colour = kMint;
-    style.spacing = 7;
     style.capHeight = 11;
-    style.maxWidth = 0;
-    drawText(canvas, "ECHO", box.centreX() + 3.5, box.top + 32, style);
+    drawJustified(canvas, "ECHO", left, right, box.top + 32, style);
 }
 
 }  // namespace tessel8::paint

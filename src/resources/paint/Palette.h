@@ -23,15 +23,16 @@ constexpr Colour kBlack = {0, 0, 0};
 constexpr Colour kWhite = {255, 255, 255};
 
 // The slate of the panel. The light falls from the top left.
-constexpr Colour kPlate = {44, 50, 57};     ///< the plate
-constexpr Colour kRow = {50, 57, 65};       ///< ground of the tap rows, flat
-constexpr Colour kRowDark = {34, 39, 45};   ///< groove between two rows
-constexpr Colour kRowLight = {60, 68, 77};  ///< lit edge under a groove
-constexpr Colour kWell = {27, 31, 36};      ///< bottom of grooves, tracks and key gaps
-constexpr Colour kKeyTop = {74, 83, 93};    ///< upper edge of a key that is off
-constexpr Colour kKeyFoot = {54, 61, 69};   ///< its lower edge
+constexpr Colour kPlate = {44, 50, 57};       ///< the plate
+constexpr Colour kRow = {50, 57, 65};         ///< ground of the tap rows, flat
+constexpr Colour kRowDark = {34, 39, 45};     ///< groove between two rows
+constexpr Colour kRowLight = {60, 68, 77};    ///< lit edge under a groove
+constexpr Colour kWell = {27, 31, 36};        ///< bottom of grooves, tracks and key gaps
+constexpr Colour kKeyTop = {74, 83, 93};      ///< upper edge of a key that is off
+constexpr Colour kKeyFoot = {54, 61, 69};     ///< its lower edge
+constexpr Colour kRowLine = {112, 123, 132};  ///< rules and brackets on the plate
 constexpr Colour kCaption = {222, 229, 233};
-constexpr Colour kQuiet = {172, 183, 191};  ///< captions of second rank and labels of dark keys
+constexpr Colour kQuiet = {190, 200, 207};  ///< captions of second rank and labels of dark keys
 constexpr Colour kInk = {20, 26, 28};       ///< labels on lit keys
 
 // The display: ground and light are also the colours that the graph draws with at run time.

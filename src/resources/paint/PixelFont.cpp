@@ -71,7 +71,7 @@ void drawBig(const Canvas& canvas, char code, int32_t left, int32_t top, Colour 
                 const bool otherEnd = set(x, y + (low ? -1 : 1));
                 const bool smooth = side == end && side != otherSide && end != otherEnd;
                 if (smooth ? side : set(x, y)) {
-                    canvas.rectangle(left + 2 * x + right, top + 1 + 2 * y + low, 1, 1);
+                    canvas.rectangle(left + 2 * x + right, top + 1 + 2 * y + low, 2, 1);
                 }
             }
         }

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "resources/paint/PixelFont.h"
 #include "resources/paint/Text.h"
 
 namespace tessel8::paint {
@@ -49,6 +50,22 @@ const Strip& stripOf(int32_t number) {
                          [number](const Strip& strip) { return strip.number == number; });
 }
 
+/// Stems and flags about as the graph draws them: the preview would be empty without.
+void putStems(Picture& panel) {
+    const Canvas canvas({0, 0, panel.width, panel.height});
+    for (int32_t tap = 0; tap < kTaps; ++tap) {
+        const int32_t x = 225 + 36 * (tap + 1), y = 75, top = 45 + 5 * tap;
+        const bool on = tap != 5;
+        canvas.block(x, std::min(y, top), 3, std::abs(y - top) + 1, kLcd);
+        if (tap % 2 == 0) {
+            canvas.block(x + 1, std::min(y, top) + 1, 1, std::abs(y - top) - 1, kLcdLight);
+        }
+        canvas.block(x + 3, y - 10, 9, 11, on ? kLcd : kLcdLight);
+        drawPixels(canvas, std::to_string(tap + 1), x + 5, y - 8, on ? kLcdLight : kLcd);
+    }
+    canvas.over(panel);
+}
+
 Picture magnified(const Picture& picture, int32_t times) {
     Picture large(picture.width * times, picture.height * times);
     for (int32_t y = 0; y < large.height; ++y) {
@@ -83,6 +100,16 @@ void writePreview(const Pictures& pictures, Mode mode, const std::string& path) 
         putText(panel, pictures.at(247), stripOf(247), "Tap 2 Delay Time: Value        Note", 225,
                 98, 6);
     }
+    if (mode == Mode::kGraph) {
+        putStems(panel);
+    }
+    const Canvas words({0, 0, panel.width, panel.height});
+    TextStyle style;
+    style.capHeight = 8;
+    style.bold = false;
+    style.colour = kFieldInk;
+    drawText(words, "Dotted Tessellation", 273, 561, style);
+    words.over(panel);
     writePng(panel, path);
 }
 

@@ -22,7 +22,7 @@ void paintSlider(const Canvas& canvas, const Image& image) {
     for (int32_t i = 0; i <= 10; ++i) {
         const double tick = first + span * i / 10;
         const double height = i % 5 == 0 ? 4 : 2.5;
-        canvas.block(tick - 0.5, y + 7, 1, height, kQuiet.withAlpha(i % 5 == 0 ? 0.8 : 0.45));
+        canvas.block(tick - 0.5, y + 7, 1, height, kQuiet.withAlpha(i % 5 == 0 ? 0.9 : 0.55));
     }
     canvas.rounded(first - 5, y - 3.5, span + 10, 7, 3.5);
     canvas.fill(kRowLight);

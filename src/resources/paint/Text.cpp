@@ -61,4 +61,15 @@ double drawText(const Canvas& canvas, const std::string& text, double x, double 
     return width;
 }
 
+void drawJustified(const Canvas& canvas, const std::string& text, double left, double right,
+                   double y, TextStyle style) {
+    // Measured far outside of the panel, without spacing.
+    style.align = Align::kLeft;
+    style.spacing = 0;
+    style.maxWidth = 0;
+    const double natural = drawText(canvas, text, left, -1000, style);
+    style.spacing = (right - left - natural) / (double(text.size()) - 1);
+    drawText(canvas, text, left, y, style);
+}
+
 }  // namespace tessel8::paint

@@ -22,4 +22,8 @@ struct TextStyle {
 double drawText(const Canvas& canvas, const std::string& text, double x, double y,
                 const TextStyle& style);
 
+/// Sets a line from `left` to `right`, with whatever space between its letters that takes.
+void drawJustified(const Canvas& canvas, const std::string& text, double left, double right,
+                   double y, TextStyle style);
+
 }  // namespace tessel8::paint

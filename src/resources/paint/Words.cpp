@@ -134,22 +134,20 @@ void paintMark(const Canvas& canvas, const Image& image) {
     }
 }
 
+/// Mode and tap of the master feedback stand in one window, of which each strip paints its part.
 void paintFeedbackMode(const Canvas& canvas, const Image& image) {
-    const Box ground = drawLcdWindow(canvas, image.box);
+    const Box& box = image.box;
+    drawLcdWindow(canvas, {box.left, box.top, box.right + 19, box.bottom});
     const char* const modes[] = {"MULTIECHO", "MULTITAP", "MULTIFB"};
-    drawPixelsBetween(canvas, "MODE", ground.left, ground.right, ground.top + 3, kLcdSoft);
-    drawPixelsBetween(canvas, modes[image.index], ground.left, ground.right, ground.top + 13,
-                      kLcdText);
+    drawPixelsBetween(canvas, "MODE", box.left + 2, box.right, box.top + 5, kLcdSoft);
+    drawPixelsBetween(canvas, modes[image.index], box.left + 2, box.right, box.top + 15, kLcdText);
 }
 
 void paintFeedbackTap(const Canvas& canvas, const Image& image) {
-    // Three letters are wider than the window's frame allows: the ground goes to the edge.
     const Box& box = image.box;
-    canvas.rounded(box.left, box.top + 1, box.width() - 1, box.height() - 2, 2.5);
-    canvas.fill(kWell);
-    canvas.rounded(box.left, box.top + 2, box.width() - 1, box.height() - 4, 1.5);
-    canvas.fill(kLcd);
-    drawPixels(canvas, "TAP", box.left + 1, box.top + 5, kLcdSoft);
+    drawLcdWindow(canvas, {box.left - 68, box.top, box.right, box.bottom});
+    canvas.block(box.left, box.top + 4, 1, box.height() - 8, kLcdDim);
+    drawNarrow(canvas, "TAP", box.left + 9.5, box.top + 5, kLcdSoft);
     const std::string number =
         image.index == 0 ? std::string("-") : std::string(1, char('0' + image.index));
     drawPixels(canvas, number, box.left + 7, box.top + 15, kLcdText);
