@@ -83,11 +83,12 @@ Picture paintBackground() {
     drawCountingRule(canvas);
     drawWell(canvas, {41, 97, 200, 164});
     drawWell(canvas, {676, 87, 835, 164});
+    drawWell(canvas, {676, 15, 835, 83});
     drawPresetField(canvas);
     paintDisplayGround(canvas);
     paintCaptions(canvas);
     drawTiles(canvas, 308, 514, 7, 21.5, kAmber);
-    drawTiles(canvas, 560, 556.5, 6, 6.6, kMint);
+    drawTiles(canvas, 552, 556.5, 6, 6.6, kMint);
     canvas.over(panel);
     return panel;
 }

@@ -46,7 +46,7 @@ const Caption kCaptions[] = {
     {70.5, 113, "INPUT"},
     {121, 113, "MIX"},
     {170, 113, "OUTPUT"},
-    {743, 39, "TAP PAD", 38},
+    {704, 67, "SETS"},
     {772, 121, "DAMP", 34},
     {810, 121, "MIX", 34},
     // Feedback row.
@@ -55,7 +55,7 @@ const Caption kCaptions[] = {
     {129.5, 529, "TAP", 18},
     {177.5, 529, "GAIN"},
     {211, 529, "PAN L", 29},
-    {237.5, 529, "LINK", 18},
+    {238, 511, "LINK", 20},
     {265.5, 529, "PAN R", 29},
     {500.5, 529, "ON"},
     {526.5, 529, "TYPE", 24},
@@ -77,8 +77,8 @@ struct Bracket {
     const char* title;
 };
 
-const Bracket kBrackets[] = {{38, 104, "BANK"},  {118, 196, "PRESET"}, {203, 357, "PROGRAM"},
-                             {365, 393, "STEP"}, {414, 462, "MEMO"},   {478, 527, "MEMO"}};
+const Bracket kBrackets[] = {
+    {203, 357, "PROGRAM"}, {365, 393, "STEP"}, {414, 462, "MEMO"}, {478, 527, "MEMO"}};
 
 void drawSections(const Canvas& canvas) {
     for (const Section& section : kSections) {
@@ -94,15 +94,32 @@ void drawSections(const Canvas& canvas) {
         style.maxWidth = head.room;
         drawText(canvas, head.word, head.centre, 190, style);
     }
+    // From the start of the sliders to the range that the display's zoom gives them.
+    TextStyle style;
+    style.colour = kQuiet;
+    drawText(canvas, "0", 257, 190, style);
+    style.align = Align::kRight;
+    const double range = drawText(canvas, "RANGE", 471, 190, style);
+    canvas.block(264, 186, 68, 1, kRowLine);
+    canvas.block(384, 186, 471 - range - 4 - 384, 1, kRowLine);
 }
 
 void drawTapNumbers(const Canvas& canvas) {
     for (int32_t tap = 0; tap < kTaps; ++tap) {
         TextStyle style;
-        style.colour = kQuiet;
         style.capHeight = 8;
         drawText(canvas, std::to_string(tap + 1), 858, 215 + kRowPitch * tap, style);
     }
+}
+
+/// The words at both ends of a group of files, above its keys.
+void drawFileWords(const Canvas& canvas, double left, double right) {
+    TextStyle style;
+    style.align = Align::kLeft;
+    const double save = drawText(canvas, "SAVE", left, 547, style);
+    style.align = Align::kRight;
+    const double load = drawText(canvas, "LOAD", right, 547, style);
+    canvas.block(left + save + 4, 543, right - load - left - save - 8, 1, kRowLine);
 }
 
 void drawBrackets(const Canvas& canvas) {
@@ -132,6 +149,8 @@ void paintCaptions(const Canvas& canvas) {
         drawText(canvas, caption.word, caption.x, caption.y, style);
     }
     drawBrackets(canvas);
+    drawFileWords(canvas, 37.5, 104.5);
+    drawFileWords(canvas, 117.5, 196.5);
     TextStyle style;
     style.align = Align::kLeft;
     style.colour = kQuiet;
@@ -148,6 +167,10 @@ void paintCaptions(const Canvas& canvas) {
     canvas.fill(kViolet);
     style.colour = kViolet;
     drawText(canvas, "REVERB", 777.5, 106, style);
+    canvas.rounded(681, 21, 81, 2, 1);
+    canvas.fill(kMint);
+    style.colour = kMint;
+    drawText(canvas, "TAP PAD", 721.5, 34, style);
 
     style.colour = kCaption;
     drawJustified(canvas, "VANTOR", 113, 197, 51, style);
@@ -155,7 +178,7 @@ void paintCaptions(const Canvas& canvas) {
     drawJustified(canvas, "VANTORAUDIO", 620, 760, 560, style);
     style.spacing = 0.4;
     style.align = Align::kRight;
-    drawText(canvas, "KEYS", 838, 560, style);
+    drawText(canvas, "KEYBOARD", 838, 560, style);
 
     style.align = Align::kCentre;
     style.colour = kAmber;

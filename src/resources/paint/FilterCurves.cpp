@@ -97,12 +97,15 @@ void paintFilterType(const Canvas& canvas, const Image& image) {
 void paintWaves(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
     const std::function<double(double)> waves[] = {
-        [](double x) { return std::sin(x * 6.2832); },
+        [](double x) {
+            const double sine = std::sin(x * 6.2832);
+            return std::copysign(std::pow(std::abs(sine), 0.65), sine);
+        },
         [](double x) { return x < 0.5 ? 1.0 : -1.0; },
         [](double x) { return x < 0.25   ? 4 * x
                               : x < 0.75 ? 2 - 4 * x
                                          : 4 * x - 4; },
-        [](double x) { return x < 0.98 ? 1 - 2 * x / 0.98 : -1.0; },
+        [](double x) { return 1 - 4 * std::fmod(x, 0.5); },
         [](double x) {
             constexpr double kSteps[] = {0.3, -0.7, 1, -0.2, -1};
             return kSteps[int32_t(x * 4.99)];

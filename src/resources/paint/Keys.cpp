@@ -84,8 +84,8 @@ void drawKey(const Canvas& canvas, double left, double top, double width, double
     canvas.rounded(left, top, width, height, radius);
     canvas.fill(kWell);
     const bool lit = state == KeyState::kLit;
-    const Colour upper = lit ? mix(colour, kWhite, 0.28) : kKeyTop;
-    const Colour lower = lit ? mix(colour, kBlack, 0.06) : kKeyFoot;
+    const Colour upper = lit ? mix(colour, kWhite, 0.36) : kKeyTop;
+    const Colour lower = lit ? mix(colour, kBlack, 0.16) : kKeyFoot;
     canvas.rounded(left + 0.8, top + 0.8, width - 1.6, height - 1.6, radius - 0.4);
     canvas.fillBetween(left, top, mix(upper, kWhite, lit ? 0.35 : 0.2), right, bottom,
                        mix(lower, kBlack, 0.25));

@@ -10,7 +10,7 @@ namespace {
 
 constexpr size_t kColours = 256;
 constexpr size_t kExact = 64;   // of them kept as they are
-constexpr int32_t kUnseen = 7;  // largest error of a channel, of 255
+constexpr int32_t kUnseen = 3;  // largest error of a channel, of 255
 
 struct Counted {
     uint32_t colour;
