@@ -82,8 +82,8 @@ Picture paintBackground() {
     drawColumns(canvas);
     drawCountingRule(canvas);
     drawWell(canvas, {41, 97, 200, 164});
-    drawWell(canvas, {676, 87, 835, 164});
-    drawWell(canvas, {676, 15, 835, 83});
+    drawWell(canvas, {676, 88, 835, 164});
+    drawWell(canvas, {676, 15, 835, 85});
     drawPresetField(canvas);
     paintDisplayGround(canvas);
     paintCaptions(canvas);

@@ -114,8 +114,7 @@ void paintWaves(const Canvas& canvas, const Image& image) {
     for (int32_t i = 0; i < 5; ++i) {
         const double left = box.left + 79.0 * i / 5, right = box.left + 79.0 * (i + 1) / 5;
         const bool lit = i == image.index;
-        canvas.rounded(std::round(left) + 0.5, box.top + 0.5, std::round(right - left) - 1, 10,
-                       1.5);
+        canvas.rounded(std::round(left) + 1, box.top + 1, std::round(right - left) - 2, 9, 1.5);
         canvas.fill(lit ? kLcdText : kLcdDeep);
         cairo_new_path(canvas.cairo());
         for (int32_t step = 0; step <= 40; ++step) {

@@ -19,7 +19,7 @@ struct KnobRow {
     Colour colour;
 };
 
-constexpr double kTapRadius = 14.4, kFeedbackRadius = 14.8;
+constexpr double kTapRadius = 13.9, kFeedbackRadius = 14.8;
 
 const KnobRow kKnobs[] = {
     {195, 19, Arc::kFromStart, kMint},
@@ -107,7 +107,7 @@ void paintKnob(const Canvas& canvas, const Image& image) {
     if (knob.radius > 18) {
         drawTicks(canvas, x, y, knob.radius);
     }
-    drawArc(canvas, x, y, ring, angleOf(0), angleOf(1), thick + 1.0, kRowDark);
+    drawArc(canvas, x, y, ring, angleOf(0), angleOf(1), thick + 0.6, kRowDark);
     drawArc(canvas, x, y, ring, angleOf(0), angleOf(1), thick, kWell);
     const double start = knob.arc == Arc::kFromStart    ? 0.0
                          : knob.arc == Arc::kFromMiddle ? 0.5

@@ -37,7 +37,7 @@ Touch touchOf(const Image& image) {
 void paintLoadKey(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
     const Colour ink = inkOf(touchOf(image));
-    drawStripKey(canvas, box.left + 1, box.top, box.width() - 2, 13, touchOf(image));
+    drawStripKey(canvas, box.left + 1, box.top + 1, box.width() - 2, 11, touchOf(image));
     const double x = box.left + 4, y = box.top + 3;
     cairo_t* cairo = canvas.cairo();
     cairo_move_to(cairo, x, y + 7);
@@ -62,7 +62,7 @@ void paintSaveKey(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
     const bool pressed = touchOf(image) == Touch::kPressed;
     const Colour ink = inkOf(touchOf(image)), paper = pressed ? kField : kKeyFoot;
-    drawStripKey(canvas, box.left + 1, box.top, box.width() - 2, 13, touchOf(image));
+    drawStripKey(canvas, box.left + 1, box.top + 1, box.width() - 2, 11, touchOf(image));
     const double x = box.left + 4.5, y = box.top + 2.5;
     canvas.rounded(x, y, 8, 8, 1);
     canvas.fill(ink);
@@ -73,7 +73,7 @@ void paintSaveKey(const Canvas& canvas, const Image& image) {
 
 void paintStripLabel(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
-    drawStripKey(canvas, box.left + 1, box.top, box.width() - 2, 13, touchOf(image));
+    drawStripKey(canvas, box.left + 1, box.top + 1, box.width() - 2, 11, touchOf(image));
     TextStyle style;
     style.colour = inkOf(touchOf(image));
     style.maxWidth = box.width() - 8;
@@ -88,7 +88,7 @@ void paintRocker(const Canvas& canvas, const Image& image) {
                             : image.index == 1 + side ? Touch::kHover
                                                       : Touch::kRest;
         const double left = box.left + 15 * side + (side == 0 ? 1 : 0);
-        drawStripKey(canvas, left, box.top, 14, 13, touch);
+        drawStripKey(canvas, left, box.top + 1, 14, 11, touch);
         const double x = left + 7, y = box.top + 6.5, tip = side == 0 ? -3 : 3;
         canvas.triangle(x + tip, y, x - tip * 0.7, y - 3.5, x - tip * 0.7, y + 3.5);
         canvas.fill(inkOf(touch));

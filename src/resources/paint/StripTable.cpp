@@ -1,5 +1,8 @@
 #include "resources/paint/StripTable.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace tessel8::paint {
 
 namespace {
@@ -20,6 +23,11 @@ constexpr Place bars(int32_t shown, int32_t shownStep) {
 constexpr Place swappedBars() {
     return {453, 51, kTaps, 10, 0, Mode::kSwapped};
 }
+
+/// Glyphs, scales, bars and lamps that fill their rectangles; the halves of one window; the graph.
+constexpr int32_t kOwnRims[] = {145, 146, 147, 148, 149, 150, 151, 152, 153, 157, 159, 161,
+                                162, 164, 165, 166, 173, 174, 175, 178, 179, 180, 181, 182,
+                                183, 184, 185, 190, 192, 241, 242, 245, 246, 247, 988, 989};
 
 std::vector<Strip> makeTable() {
     std::vector<Strip> table = {
@@ -139,6 +147,9 @@ std::vector<Strip> makeTable() {
     for (int32_t tap = 0; tap < kTaps; ++tap) {
         table.push_back({211 + tap, 29, 31, 2, {at(27, 195 + kRowPitch * tap, tap != 5)}});
         table.push_back({145 + tap, 7, 9, 2, {inPanel(453 + 10 * tap, 40, tap != 5)}});
+    }
+    for (Strip& strip : table) {
+        strip.ownRim = std::ranges::find(kOwnRims, strip.number) != std::end(kOwnRims);
     }
     return table;
 }

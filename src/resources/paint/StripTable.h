@@ -28,6 +28,8 @@ struct Place {
 struct Strip {
     int32_t number, width, height, images;  ///< size of one image, pixels
     std::vector<Place> places;              ///< in the order of drawing; none for glyph sheets
+    /// It paints up to its edges by design; all others leave the ground to their outermost pixels.
+    bool ownRim = false;
 
     /// The rectangle of the first place, or one at the origin for a strip without a place.
     Box firstBox() const;
