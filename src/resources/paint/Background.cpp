@@ -1,5 +1,7 @@
 // The plate: its light, the field of the tap rows with their grooves, the wells of the groups.
 
+#include <cmath>
+
 #include "resources/paint/Families.h"
 #include "resources/paint/Logo.h"
 
@@ -8,12 +10,22 @@ namespace tessel8::paint {
 namespace {
 
 constexpr int32_t kFieldLeft = 20, kFieldRight = 850, kFirstRow = 192;
+constexpr double kBrushing = 0.055;  // opacity of the strongest streak
 constexpr int32_t kFeedbackTop = 480, kFeedbackBottom = 532;
 
 void drawPlate(const Canvas& canvas) {
     canvas.rectangle(0, 0, kPanelWidth, kPanelHeight);
     canvas.fillBetween(0, 0, mix(kPlate, kWhite, 0.09), 0, 168, kPlate);
     canvas.block(0, 168, kPanelWidth, kPanelHeight - 168, kPlate);
+    // Brushed from left to right: each row a little brighter or darker than the next, and the same
+    // all along, so that strips which stand at several places find one ground.
+    uint32_t state = 8;
+    for (int32_t y = 0; y < kPanelHeight; ++y) {
+        state = state * 1664525u + 1013904223u;
+        const double light = double(state >> 16 & 255) / 255 - 0.5;
+        canvas.block(0, y, kPanelWidth, 1,
+                     (light > 0 ? kWhite : kBlack).withAlpha(std::abs(light) * kBrushing));
+    }
     canvas.block(0, 0, kPanelWidth, 1, mix(kPlate, kWhite, 0.25));
 }
 

@@ -139,9 +139,11 @@ void paintLevelScale(const Canvas& canvas, const Image& image) {
     const bool graph = image.index >= 11;
     // The row of level 1 and the rows from there to level 0, beside the bars or beside the graph.
     const double top = graph ? 0 : 11, span = graph ? 70 : 80;
+    int32_t free = 0;  // the first row that no label has taken yet
     for (const Mark& mark : levelScales()[size_t(image.index % 11)]) {
         const double y = top + span * (1 - mark.value);
-        const int32_t row = std::max(0, int32_t(std::lround(y)) - 3);
+        const int32_t row = std::max(free, int32_t(std::lround(y)) - 3);
+        free = row + kPixelHeight + 1;
         drawNarrow(canvas, mark.label, box.left + 8.5, box.top + row, kLcdText);
     }
 }

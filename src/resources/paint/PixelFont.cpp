@@ -12,7 +12,7 @@ namespace {
 constexpr int32_t kWide = 5, kNarrow = 3;
 
 const char* dotsOf(char code) {
-    return code >= 32 && code < 127 ? kGlyphs[code - 32] : kGlyphs[0];
+    return code >= 32 ? kGlyphs[code - 32] : kGlyphs[0];
 }
 
 void drawDots(const Canvas& canvas, const char* dots, int32_t width, int32_t left, int32_t top,

@@ -7,6 +7,7 @@
 
 namespace tessel8::paint {
 
+constexpr char kDegree = 127;
 constexpr int32_t kPixelHeight = 7, kPixelPitch = 6;  ///< of the 5 x 7 letters
 constexpr int32_t kBigWidth = 11, kBigHeight = 16;    ///< of the big line's cells
 
@@ -15,7 +16,8 @@ constexpr int32_t pixelWidth(const std::string& text) {
     return int32_t(text.size()) * kPixelPitch - 1;
 }
 
-/// Draws a text in 5 x 7 dots with its top left at whole pixels. Codes outside 32 to 126 are blank.
+/// Draws a text in 5 x 7 dots with its top left at whole pixels. 127 is the degree sign, codes
+/// below 32 are blank.
 void drawPixels(const Canvas& canvas, const std::string& text, int32_t left, int32_t top,
                 Colour colour);
 

@@ -116,13 +116,8 @@ void paintSmallGlyph(const Canvas& canvas, const Image& image) {
 void paintBigGlyph(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
     canvas.block(box.left, box.top, box.width(), box.height(), kLcd);
-    if (image.index == '?') {
-        // The big line writes angles in degrees, and this code stands for the sign.
-        canvas.circle(box.left + 4, box.top + 4, 2.5);
-        canvas.stroke(kLcdText, 1.6);
-    } else {
-        drawBig(canvas, char(image.index), box.left, box.top, kLcdText);
-    }
+    // The big line writes angles in degrees, and the question mark stands for the sign.
+    drawBig(canvas, image.index == '?' ? kDegree : char(image.index), box.left, box.top, kLcdText);
 }
 
 void paintMark(const Canvas& canvas, const Image& image) {
