@@ -4,8 +4,9 @@
 #   scripts/dependencies.sh build|demo|test ...
 set -euo pipefail
 
-build=(g++ cmake ninja-build libsndfile1-dev libcli11-dev
-       libxcb1-dev libxcb-shm0-dev libxkbcommon-dev libxkbcommon-x11-dev)
+build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev
+       libxcb1-dev libxcb-shm0-dev libxkbcommon-dev libxkbcommon-x11-dev
+       libcairo2-dev libpango1.0-dev fonts-liberation fonts-dejavu-core)
 demo=("${build[@]}" alsa-utils)
 test=("${build[@]}" libgtest-dev libgmock-dev libbenchmark-dev binutils
       xvfb libxcb-xtest0-dev)
