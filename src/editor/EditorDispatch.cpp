@@ -4,6 +4,7 @@
 
 #include "editor/Tessel8Editor.h"
 #include "parameters/ControlTags.h"
+#include "toolkit/CControl.h"
 
 namespace tessel8 {
 

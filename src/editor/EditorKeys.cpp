@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/Tessel8Editor.h"
+#include "toolkit/CControl.h"
 
 namespace tessel8 {
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editor/EditParameters.h"
+#include "engine/Blocks.h"
 #include "parameters/ParameterTable.h"
 #include "resources/PanelLayout.h"
 #include "toolkit/CFrame.h"

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <memory>
 
+#include "editor/DigitDisplays.h"
 #include "editor/EffectChanges.h"
 #include "editor/EffectLink.h"
 #include "editor/HeldKeys.h"

@@ -34,7 +34,7 @@ Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
 }
 
 void Tessel8::connectEditor() {
-    auto made = std::make_unique<Tessel8Editor>();
+    auto made = std::make_unique<Tessel8Editor>(*this, this);
     panel = made.get();
     parameters.connect(panel);
     setEditor(std::move(made));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/EffectLink.h"
 #include "engine/Engine.h"
 #include "midi/ControllerMap.h"
 #include "midi/MidiInput.h"
@@ -20,7 +21,10 @@ enum class EngineStatus : uint8_t {
 };
 
 /// The effect: owns the engine, the parameters and the editor, and answers the host.
-class Tessel8 : public CPresetSystemEffect, private HostClock, private MidiTarget {
+class Tessel8 : public CPresetSystemEffect,
+                public EffectLink,
+                private HostClock,
+                private MidiTarget {
   public:
     explicit Tessel8(audioMasterCallback audioMaster);
     ~Tessel8() override;
@@ -47,29 +51,31 @@ class Tessel8 : public CPresetSystemEffect, private HostClock, private MidiTarge
 
     virtual void resetToDefaults();
     virtual void applyParameter(int32_t index, float value);
-    virtual float appliedValue(int32_t index);
+    float appliedValue(int32_t index) override;
     virtual void releaseEngineMemory();
     virtual void resetEngineState();
     virtual void clearEngine();
-    virtual void takeOutputPeaks(float* left, float* right);
-    virtual void takeInputPeaks(float* left, float* right);
-    virtual void restartTapFade(int32_t parameterIndex);
-    virtual int32_t getVersion(char* text);
+    void takeOutputPeaks(float* left, float* right) override;
+    void takeInputPeaks(float* left, float* right) override;
+    void restartTapFade(int32_t parameterIndex) override;
+    int32_t getVersion(char* text) override;
     virtual EngineStatus getEngineStatus() { return engineStatus; }
     virtual void mirrorAppliedValues();
-    virtual void requestPanic(bool on);
+    void requestPanic(bool on) override;
+    void beginEdit(int32_t tag) override { AudioEffectX::beginEdit(tag); }
+    void endEdit(int32_t tag) override { AudioEffectX::endEdit(tag); }
 
     // The MIDI controllers of this instance.
     virtual void resetControllerMap() { controllerMap.reset(); }
     /// Last step of learn: puts the controller that was heard on the parameter, and ends learn.
     virtual void assignController(int32_t index);
     /// The lowest controller from 1 to 119 on a parameter, 128 for none.
-    virtual int32_t controllerForParameter(int32_t index);
+    int32_t controllerForParameter(int32_t index) override;
     /// 128 bytes: what each controller drives, 217 and above for nothing.
     virtual uint8_t* controllerMapData() { return controllerMap.data(); }
     /// Takes the tag of a control that was touched while learn is on.
-    virtual void learnController(int32_t tag);
-    virtual void clearControllerMap() { controllerMap.clear(); }
+    void learnController(int32_t tag) override;
+    void clearControllerMap() override { controllerMap.clear(); }
 
     // Texts for the panel's display, each cut (not rounded) to `decimals` digits behind the point
     // or, for 0, at the point. `text` takes `kTextBytes`.
