@@ -34,6 +34,8 @@ class AudioEffect {
     virtual float getParameter(int32_t /*index*/) { return 0.0f; }
     /// Applies the value and tells the host, which may record it.
     virtual void setParameterAutomated(int32_t index, float value);
+    /// Gives the host time while a gesture on the panel keeps its thread busy.
+    void masterIdle() { callHost(audioMasterIdle); }
 
     virtual int32_t getProgram() { return 0; }
     virtual void setProgram(int32_t program) { curProgram = program; }

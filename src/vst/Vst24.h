@@ -115,6 +115,7 @@ enum AEffectOpcodes : int32_t {
 enum AudioMasterOpcodes : int32_t {
     audioMasterAutomate = 0,
     audioMasterVersion = 1,
+    audioMasterIdle = 3,
     audioMasterWantMidi = 6,
     audioMasterGetTime = 7,
     audioMasterCanDo = 37,
