@@ -22,12 +22,6 @@ float snapped(float v, int32_t steps) {
     return std::floor(last * v + 0.5f) / last;
 }
 
-/// Index into a table of `size` entries of a snapped value with `steps` steps.
-size_t tableIndex(float snappedValue, int32_t steps, size_t size) {
-    const int32_t step = truncated(std::floor(float(steps - 1) * snappedValue + 0.5f));
-    return size_t(std::clamp(step, 0, int32_t(size) - 1));
-}
-
 /// Crossfade from LFO to follower, scaled by a bipolar depth.
 struct Amounts {
     float lfo;
@@ -119,15 +113,14 @@ void Parameters::noteModeChanged() {
 }
 
 void Parameters::applyNumMod(int, float v) {
-    const auto steps = int32_t(kLfoNumerators.size());
-    keep(Family::NumMod, snapped(v, steps));
-    lfoNumIdx = tableIndex(kept(Family::NumMod), steps, kLfoNumerators.size());
+    keep(Family::NumMod, snapped(v, int32_t(kLfoNumerators.size())));
+    lfoNumIdx = lfoNumeratorIndex(kept(Family::NumMod));
     noteModeChanged();
 }
 
 void Parameters::applyDenomMod(int, float v) {
     keep(Family::DenomMod, snapped(v, kLfoDenominatorSteps));
-    lfoDenIdx = tableIndex(kept(Family::DenomMod), kLfoDenominatorSteps, kLfoDenominators.size());
+    lfoDenIdx = lfoDenominatorIndex(kept(Family::DenomMod));
     noteModeChanged();
 }
 

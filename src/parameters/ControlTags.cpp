@@ -22,6 +22,9 @@ struct Mapping {
     int32_t parameterOf(int32_t tag) const { return single >= 0 ? single : tag + shift; }
 };
 
+constexpr TagRange kLfoNoteKeys = {9, 10};
+constexpr Mapping kRangeKeys = {{306, 307}, 0, 7};
+
 constexpr Mapping kMappings[] = {
     {{9, 11}, 0, 11},    // note keys and digits of the LFO: its frequency
     {{218, 225}, -170},  // bars of the gain
@@ -37,8 +40,8 @@ constexpr Mapping kMappings[] = {
 };
 
 constexpr TagRange kNotLearnt[] = {
-    {kTagNone, kTagNone}, {7, 7},     {120, 127}, {184, 191}, {193, 200},
-    {205, 205},           {306, 307}, {328, 337}, {357, 357},
+    {kTagNone, kTagNone}, {7, 7},     {120, 127}, {184, 191},           {193, 200},
+    {205, 205},           {306, 307}, {328, 337}, {kTagLogo, kTagLogo},
 };
 
 }  // namespace
@@ -47,6 +50,13 @@ int32_t parameterOfTag(int32_t tag) {
     const auto row = std::find_if(std::begin(kMappings), std::end(kMappings),
                                   [tag](const Mapping& m) { return m.tags.holds(tag); });
     return row == std::end(kMappings) ? tag : row->parameterOf(tag);
+}
+
+int32_t shownParameterOfTag(int32_t tag) {
+    if (kRangeKeys.tags.holds(tag)) {
+        return kRangeKeys.parameterOf(tag);
+    }
+    return kLfoNoteKeys.holds(tag) ? tag : parameterOfTag(tag);
 }
 
 bool canBeLearnt(int32_t tag) {

@@ -9,11 +9,26 @@ namespace tessel8 {
 // lines and MIDI learn ask here.
 
 constexpr int32_t kTagTapPad = 216;
+constexpr int32_t kTagMeterMode = 328;
+constexpr int32_t kTagEditParameterBack = 329;
+constexpr int32_t kTagEditParameterForward = 330;
+constexpr int32_t kTagEditParameterStrip = 331;
+constexpr int32_t kTagMidiLearn = 332;
+constexpr int32_t kTagMidiReset = 333;
+constexpr int32_t kTagMidiLoad = 334;
+constexpr int32_t kTagMidiSave = 335;
+constexpr int32_t kTagGraphMode = 336;
+constexpr int32_t kTagPanic = 337;
+constexpr int32_t kTagLogo = 357;
 constexpr int32_t kTagNone = -1;  ///< no control under the mouse
 
 /// The parameter that a control drives: bars and step keys have those of their tap, the note keys
 /// of the LFO its frequency. A tag that stands for no parameter stays as it is.
 int32_t parameterOfTag(int32_t tag);
+
+/// The parameter that the status lines tell of: as above, but the note keys of the LFO have lines
+/// of their own and the range keys have those of the range.
+int32_t shownParameterOfTag(int32_t tag);
 
 /// Whether a MIDI controller can be put on the control; column heads (338 to 356) pass, though
 /// nothing can be assigned to them.

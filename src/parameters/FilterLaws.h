@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "parameters/Conversions.h"
+
 namespace tessel8 {
 
 // Filter values in engine units. Levels are laws in decibels: a resonance or gain from 0 to 1
@@ -12,9 +14,20 @@ inline float decibels(double db) {
     return float(std::pow(10.0, db / 20.0));
 }
 
+/// What the steps of `TypeFT` are called, in their order.
+inline constexpr const char* kTapFilterNames[] = {"LPF",  "BPF",  "HPF",  "PEAK",
+                                                  "LSHB", "LSHC", "HSHB", "HSHC"};
+
 /// Frequency in Hz: 20 at 0, 632 at 0.5, 20000 at 1.
+inline double exactFrequency(float v) {
+    return 20.0 * std::exp2(double(v) * 9.965784);
+}
 inline float frequencyLaw(float v) {
-    return float(20.0 * std::exp2(double(v) * 9.965784));
+    return float(exactFrequency(v));
+}
+/// In whole Hz, as texts print it.
+inline int32_t shownFrequency(float v) {
+    return truncated(exactFrequency(v) + 0.5);
 }
 
 /// Q as a plain ratio from -3 dB up.

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+
+#include "parameters/Conversions.h"
 
 namespace tessel8 {
 
@@ -11,6 +15,16 @@ inline constexpr std::array<float, 5> kLfoNumerators{1, 2, 3, 4, 8};
 inline constexpr std::array<float, 14> kLfoDenominators{1,  2,  3,  4,  6,  8,  12,
                                                         16, 24, 32, 48, 64, 96, 96};
 constexpr int32_t kLfoDenominatorSteps = 13;  ///< `DenomMod` reaches all but the last entry
+
+/// Where in those tables `NumMod` and `DenomMod` stand; within the tables for any value.
+inline size_t lfoNumeratorIndex(float v) {
+    const auto last = int32_t(kLfoNumerators.size()) - 1;
+    return size_t(std::clamp(truncated(std::floor(float(last) * v + 0.5f)), 0, last));
+}
+inline size_t lfoDenominatorIndex(float v) {
+    const float step = std::floor(float(kLfoDenominatorSteps - 1) * v + 0.5f);
+    return size_t(std::clamp(truncated(step), 0, int32_t(kLfoDenominators.size()) - 1));
+}
 
 constexpr float kLowestLfoHz = 0.01f;
 constexpr float kHighestNoteLfoHz = 15.0f;

@@ -36,6 +36,7 @@ inline constexpr std::array<NoteRow, 16> kNotes{{
     {0.0, 192, "128T", "T.128"},  // all above
 }};
 
+/// The row that the engine takes and the host is shown.
 inline const NoteRow& noteRow(float value) {
     for (size_t row = 0; row + 1 < kNotes.size(); ++row) {
         if (double(value) <= kNotes[row].threshold) {
@@ -43,6 +44,16 @@ inline const NoteRow& noteRow(float value) {
         }
     }
     return kNotes.back();
+}
+
+/// The row that the panel shows: its thresholds are the steps k / 16 themselves, so that a value a
+/// hair above a step already shows the next row.
+inline const NoteRow& panelNoteRow(float value) {
+    size_t row = 0;
+    while (row + 1 < kNotes.size() && !(value <= float(row + 1) / float(kNotes.size()))) {
+        ++row;
+    }
+    return kNotes[row];
 }
 
 }  // namespace tessel8

@@ -7,6 +7,7 @@
 
 #include "parameters/Conversions.h"
 #include "parameters/DelayRanges.h"
+#include "parameters/FilterLaws.h"
 #include "parameters/ModulationLaws.h"
 #include "parameters/NoteTable.h"
 #include "parameters/Parameters.h"
@@ -118,18 +119,12 @@ void nothing(const Shown& /*s*/, char* text) {
     *text = 0;
 }
 
-template <size_t N>
-int32_t entry(const std::array<float, N>& table, float v, int32_t steps) {
-    const int32_t step = truncated(std::floor(float(steps - 1) * v + 0.5f));
-    return int32_t(table[size_t(std::clamp(step, 0, int32_t(N) - 1))]);
-}
-
 void numerator(const Shown& s, char* text) {
-    print(text, "Num %d", entry(kLfoNumerators, s.v, int32_t(kLfoNumerators.size())));
+    print(text, "Num %d", int32_t(kLfoNumerators[lfoNumeratorIndex(s.v)]));
 }
 
 void denominator(const Shown& s, char* text) {
-    print(text, "Denom %d", entry(kLfoDenominators, s.v, kLfoDenominatorSteps));
+    print(text, "Denom %d", int32_t(kLfoDenominators[lfoDenominatorIndex(s.v)]));
 }
 
 void lfoFrequency(const Shown& s, char* text) {
@@ -164,18 +159,11 @@ void delay(const Shown& s, char* text) {
 void width(const Shown& s, char* text) {
     const int32_t tap = s.index - parameterIndex(Family::WidthT);
     const float side = s.given ? s.v : s.parameters.applied(reading::kSideLevel + tap);
-    float x = 100.0f * side;
-    // The law's constants miss the round figures by a hair.
-    const auto snap = [&x](float low, float high, float to) { x = x > low && x < high ? to : x; };
-    snap(-0.5f, 0.5f, 0.0f);
-    snap(99.5f, 100.5f, 100.0f);
-    snap(-100.5f, -99.5f, -100.0f);
-    x = x < -199.5f ? -200.0f : x > 199.5f ? 200.0f : x;
-    writeTenth(text, x);
+    writeTenth(text, shownWidth(side));
 }
 
 void tapFilterType(const Shown& s, char* text) {
-    writeStep(text, s.v, {"LPF", "BPF", "HPF", "PEAK", "LSHB", "LSHC", "HSHB", "HSHC"});
+    writeStep(text, s.v, kTapFilterNames);
 }
 
 void fbFilterType(const Shown& s, char* text) {
@@ -183,7 +171,7 @@ void fbFilterType(const Shown& s, char* text) {
 }
 
 void filterFrequency(const Shown& s, char* text) {
-    print(text, "%d", truncated(20.0 * std::exp2(9.965784 * double(s.v)) + 0.5));
+    print(text, "%d", shownFrequency(s.v));
 }
 
 void filterGain(const Shown& s, char* text) {

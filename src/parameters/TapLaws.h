@@ -33,6 +33,18 @@ inline Width widthLaw(float v, Width last) {
     return last;
 }
 
+/// A side level in percent as texts print it: the law's constants miss the round figures by a hair.
+inline float shownWidth(float side) {
+    const float x = 100.0f * side;
+    const auto within = [x](float low, float high) { return x > low && x < high; };
+    return within(-0.5f, 0.5f)       ? 0.0f
+           : within(99.5f, 100.5f)   ? 100.0f
+           : within(-100.5f, -99.5f) ? -100.0f
+           : x > 199.5f              ? 200.0f
+           : x < -199.5f             ? -200.0f
+                                     : x;
+}
+
 /// Linear gains of a balance; 0.5 each in the middle.
 struct PanGains {
     float left;
