@@ -4,6 +4,9 @@
 
 namespace tessel8 {
 
+/// The name under which the effect ships.
+inline constexpr char kProductName[] = "Vantor Tessel Echo";
+
 /// The effect as the panel sees it. The indices are those of parameters, commands and readings.
 class EffectLink {
   public:
