@@ -13,6 +13,6 @@ if(TESSEL8_SANITIZE)
   target_compile_options(tessel8_options INTERFACE
     -fsanitize=${TESSEL8_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
     # Instrumented code confuses this warning, in the standard library as well as here.
-    -Wno-maybe-uninitialized)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(tessel8_options INTERFACE -fsanitize=${TESSEL8_SANITIZE})
 endif()

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <utility>
 
 namespace tessel8::host {
 
@@ -20,11 +21,12 @@ double processorSeconds() {
 
 }  // namespace
 
-Chain::Chain(Plugin& plugin, Transport& transport, int sampleRate, int blockFrames)
+Chain::Chain(Plugin& plugin, Transport& transport, MidiPlayer midi, int sampleRate, int blockFrames)
     : in(size_t(blockFrames)),
       out(size_t(blockFrames)),
       plugin_(plugin),
       transport_(transport),
+      midi_(std::move(midi)),
       sampleRate_(sampleRate) {
     transport_.start(sampleRate);
     plugin_.prepare(float(sampleRate), blockFrames);
@@ -50,6 +52,7 @@ void Chain::startWith(const std::vector<Setting>& settings) {
 
 void Chain::process(size_t frames) {
     const double before = processorSeconds();
+    midi_.play(plugin_, frames);
     plugin_.process(in.channels.data(), out.channels.data(), int32_t(frames));
     processorSeconds_ += processorSeconds() - before;
     processedFrames_ += int64_t(frames);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "MidiPlayer.h"
 #include "Parameters.h"
 #include "Plugin.h"
 #include "Transport.h"
@@ -25,12 +26,12 @@ struct Block {
 /// The effect with its blocks; the song moves on with the audio.
 class Chain {
   public:
-    Chain(Plugin& plugin, Transport& transport, int sampleRate, int blockFrames);
+    Chain(Plugin& plugin, Transport& transport, MidiPlayer midi, int sampleRate, int blockFrames);
 
     /// Starts the effect with these settings, before the first audio.
     void startWith(const std::vector<Setting>& settings);
 
-    /// Sends the first frames of `in` to `out`.
+    /// Sends the first frames of `in` to `out`, with the MIDI messages that fall into them.
     void process(size_t frames);
 
     size_t blockFrames() const { return in.left.size(); }
@@ -45,6 +46,7 @@ class Chain {
   private:
     Plugin& plugin_;
     Transport& transport_;
+    MidiPlayer midi_;
     int sampleRate_;
     int64_t processedFrames_ = 0;
     double processorSeconds_ = 0;

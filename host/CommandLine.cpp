@@ -7,6 +7,7 @@
 #include "Info.h"
 #include "ListParams.h"
 #include "Numbers.h"
+#include "Programs.h"
 #include "Render.h"
 #include "Texts.h"
 #include "UserError.h"
@@ -30,6 +31,7 @@ struct Typed {
     std::string plugin;
     std::string infoFile;
     bool listParams = false;
+    bool listPrograms = false;
 };
 
 CLI::App* addRender(CLI::App& app, Typed& typed) {
@@ -40,12 +42,30 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
     command->add_option("OUT", typed.render.output, "Audio file to write, its kind by its ending")
         ->type_name("FILE")
         ->required();
+    command->add_option("--bank", typed.render.bank, "Bank file with programs for the store (.vtb)")
+        ->type_name("FILE");
+    command
+        ->add_option("--program", typed.render.program,
+                     "A stored program, by number (0 to 139) or name; --set changes it")
+        ->type_name("N|NAME");
+    command
+        ->add_option("--preset", typed.render.preset,
+                     "Preset file whose program takes the place of the current one (.vtp)")
+        ->type_name("FILE");
     command
         ->add_option("--set", typed.render.settings,
                      "A parameter, by name or #index, and its value; may be given many times")
         ->type_name("NAME=VALUE")
         ->allow_extra_args(false);
-    command->add_option("--tempo", typed.tempo, "Tempo of the song, 20 to 999")->type_name("BPM");
+    command
+        ->add_option("--tempo", typed.tempo,
+                     "Tempo of the song, 20 to 999; with --midi until that file tells another one")
+        ->type_name("BPM");
+    command
+        ->add_option("--midi", typed.render.midi,
+                     "MIDI file that plays along: its channel messages go to the effect, its "
+                     "tempos are the song's (120 BPM until --tempo or the file tells one)")
+        ->type_name("FILE");
     command
         ->add_option(
             "--tail", typed.tail,
@@ -68,6 +88,7 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
 CLI::App* addList(CLI::App& app, Typed& typed) {
     CLI::App* command = app.add_subcommand("list", "List what the effect offers");
     command->add_flag("--params", typed.listParams, "All parameters with their texts");
+    command->add_flag("--programs", typed.listPrograms, "All stored programs with their names");
     command->add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
         ->type_name("FILE");
     return command;
@@ -123,10 +144,10 @@ int runCommandLine(int argc, char** argv) {
     if (renderCommand->parsed()) {
         render(renderOptions(typed, *renderCommand));
     } else if (listCommand->parsed()) {
-        if (!typed.listParams) {
-            throw UserError("list: say what to list: --params");
+        if (typed.listParams == typed.listPrograms) {
+            throw UserError("list: say what to list: --params or --programs");
         }
-        listParams(typed.plugin);
+        typed.listParams ? listParams(typed.plugin) : listPrograms(typed.plugin);
     } else if (infoCommand->parsed()) {
         printInfo(typed.infoFile);
     } else {

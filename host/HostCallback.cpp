@@ -39,6 +39,8 @@ intptr_t VST_CALL hostCallback(AEffect* effect, int32_t opcode, int32_t /*index*
             return kVstVersion;
         case audioMasterGetTime:
             return timeOf(effect);
+        case audioMasterWantMidi:
+            return 1;
         case audioMasterCanDo:
             return canDo(static_cast<const char*>(ptr)) ? 1 : 0;
         default:

@@ -6,8 +6,8 @@ namespace tessel8::host {
 
 class Transport;
 
-/// The one function that an effect calls: version, time and abilities of this host. Everything
-/// else is answered with 0.
+/// The one function that an effect calls: version, time and abilities of this host, and yes
+/// to MIDI. Everything else is answered with 0.
 intptr_t VST_CALL hostCallback(AEffect* effect, int32_t opcode, int32_t index, intptr_t value,
                                void* ptr, float opt);
 

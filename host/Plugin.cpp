@@ -85,6 +85,15 @@ std::string Plugin::text(int32_t opcode, int32_t index) const {
     return printable(buffer.data());
 }
 
+std::optional<std::string> Plugin::textIfAny(int32_t opcode, int32_t index, intptr_t value) const {
+    std::array<char, kTextBytes> buffer{};
+    if (dispatch(opcode, index, value, buffer.data()) == 0) {
+        return std::nullopt;
+    }
+    buffer.back() = 0;
+    return printable(buffer.data());
+}
+
 void Plugin::prepare(float sampleRate, int32_t blockFrames) {
     if ((effect_->flags & effFlagsCanReplacing) == 0 || effect_->processReplacing == nullptr ||
         effect_->numInputs != 2 || effect_->numOutputs != 2) {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "Transport.h"
@@ -25,6 +26,9 @@ class Plugin {
 
     /// What the effect writes for a text opcode, without characters that could upset a terminal.
     std::string text(int32_t opcode, int32_t index = 0) const;
+
+    /// The same where the effect says with its answer whether there is such a text.
+    std::optional<std::string> textIfAny(int32_t opcode, int32_t index, intptr_t value) const;
 
     float parameter(int32_t index) const { return effect_->getParameter(effect_.get(), index); }
     void setParameter(int32_t index, float value) {

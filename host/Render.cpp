@@ -3,16 +3,21 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 #include "AudioReader.h"
 #include "AudioWriter.h"
 #include "Chain.h"
 #include "Interruption.h"
 #include "Levels.h"
+#include "MidiFile.h"
+#include "MidiPlayer.h"
 #include "Parameters.h"
 #include "Plugin.h"
 #include "PluginLocation.h"
+#include "Programs.h"
 #include "Progress.h"
+#include "Store.h"
 #include "Texts.h"
 #include "UserError.h"
 
@@ -30,6 +35,40 @@ void checkRate(const AudioReader& reader, const std::filesystem::path& file) {
                         std::to_string(kLowestRate) + " to " + std::to_string(kHighestRate) +
                         " Hz");
     }
+}
+
+/// The song beside the sound: its messages and its tempo.
+struct Song {
+    std::optional<TempoMap> tempo;
+    MidiPlayer midi;
+};
+
+Song songOf(const RenderOptions& options, int sampleRate) {
+    constexpr double kUntoldTempo = 120;  // BPM; so a MIDI file means it that tells none
+    if (options.midi.empty()) {
+        return {options.tempo ? std::optional(TempoMap(*options.tempo)) : std::nullopt, {}};
+    }
+    const MidiFile file = readMidiFile(options.midi);
+    const TempoMap tempo = tempoMapOf(file, options.tempo.value_or(kUntoldTempo));
+    return {tempo, MidiPlayer(file, tempo, sampleRate)};
+}
+
+void chooseProgram(const RenderOptions& options, const Plugin& plugin) {
+    if (options.bank.empty() && !options.program && options.preset.empty()) {
+        return;
+    }
+    Store store(plugin);
+    if (!options.bank.empty()) {
+        store.loadBank(options.bank);
+        store.send(plugin);  // the effect tells the names of its programs
+    }
+    if (options.program) {
+        store.makeCurrent(Programs(plugin).find(*options.program));
+    }
+    if (!options.preset.empty()) {
+        store.loadPreset(options.preset);
+    }
+    store.send(plugin);
 }
 
 std::vector<Setting> parseSettings(const std::vector<std::string>& texts, const Plugin& plugin) {
@@ -103,8 +142,10 @@ void render(const RenderOptions& options) {
     checkRate(reader, options.input);
     const int rate = reader.sampleRate();
 
-    Transport transport(options.tempo);
+    Song song = songOf(options, rate);
+    Transport transport(std::move(song.tempo));
     Plugin plugin(pluginFile(options.plugin), transport);
+    chooseProgram(options, plugin);
     const std::vector<Setting> settings = parseSettings(options.settings, plugin);
 
     const int format = outputFormat(options.output, options.format, reader.format(), rate);
@@ -112,7 +153,7 @@ void render(const RenderOptions& options) {
     const Interruption interruption;  // from before there is a file to tidy up
     Output output{AudioWriter(options.output, format, rate), {}, 0};
 
-    Chain chain(plugin, transport, rate, options.blockFrames);
+    Chain chain(plugin, transport, std::move(song.midi), rate, options.blockFrames);
     chain.startWith(settings);
     renderAudio(reader, chain, output, options.tail);
     output.writer.finish();

@@ -1,5 +1,7 @@
 #include "Transport.h"
 
+#include <utility>
+
 namespace tessel8::host {
 
 namespace {
@@ -8,18 +10,18 @@ constexpr double kSecondsPerMinute = 60;
 
 }  // namespace
 
-Transport::Transport(std::optional<double> tempo) {
+Transport::Transport(std::optional<TempoMap> tempo) : tempo_(std::move(tempo)) {
     time_.sampleRate = 44100;  // until `start`; an effect may ask while it is being made
-    if (tempo) {
-        time_.tempo = *tempo;
+    if (tempo_) {
         time_.flags = kVstTempoValid | kVstPpqPosValid;
+        tellMusicalTime();
     }
 }
 
 void Transport::start(double sampleRate) {
     time_.sampleRate = sampleRate;
     time_.samplePos = 0;
-    time_.ppqPos = 0;
+    tellMusicalTime();
 }
 
 void Transport::play() {
@@ -28,8 +30,19 @@ void Transport::play() {
 
 void Transport::advance(int64_t frames) {
     time_.samplePos += double(frames);
-    // From the start each time, so that no rounding adds up over a long file.
-    time_.ppqPos = time_.samplePos / time_.sampleRate * time_.tempo / kSecondsPerMinute;
+    tellMusicalTime();
+}
+
+void Transport::tellMusicalTime() {
+    if (!tempo_) {
+        return;
+    }
+    // From the start of the stretch each time, so that no rounding adds up over a long file.
+    const double seconds = time_.samplePos / time_.sampleRate;
+    const double halfFrame = 0.5 / time_.sampleRate;  // a change falls on the nearest frame
+    const TempoMap::Stretch& stretch = tempo_->atSeconds(seconds + halfFrame);
+    time_.tempo = stretch.bpm;
+    time_.ppqPos = stretch.quarters + (seconds - stretch.seconds) * stretch.bpm / kSecondsPerMinute;
 }
 
 }  // namespace tessel8::host

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "TempoMap.h"
 #include "vst/Vst24.h"
 
 namespace tessel8::host {
@@ -11,8 +12,7 @@ namespace tessel8::host {
 /// Without a tempo the host knows no musical time, and says so in the flags.
 class Transport {
   public:
-    /// `tempo` in BPM.
-    explicit Transport(std::optional<double> tempo = std::nullopt);
+    explicit Transport(std::optional<TempoMap> tempo = std::nullopt);
 
     /// Puts the song at its beginning.
     void start(double sampleRate);
@@ -23,6 +23,9 @@ class Transport {
     VstTimeInfo& time() { return time_; }
 
   private:
+    void tellMusicalTime();
+
+    std::optional<TempoMap> tempo_;
     VstTimeInfo time_{};
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "parameters/Links.h"
+#include "parameters/ParameterTable.h"
 #include "vst/AEffEditor.h"
 
 namespace tessel8 {
@@ -17,6 +18,9 @@ class Tessel8Editor : public AEffEditor, public EditorLink {
     void setParameter(int32_t /*index*/, float /*value*/) override {}
     void showTempo(float /*tempo*/) override {}
     void showLfoFrequency(float /*freqMod*/) override {}
+    int32_t editedParameter() override { return kParameterCount; }
+    void markMidiChange() override {}
+    uint32_t tick() const override { return 0; }
 
   private:
     ERect panel{0, 0, 565, 870};

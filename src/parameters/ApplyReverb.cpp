@@ -1,5 +1,7 @@
 // The reverb: place, type, damping and the taps' sends.
 
+#include <algorithm>
+
 #include "parameters/Conversions.h"
 #include "parameters/Parameters.h"
 #include "parameters/ReverbLaws.h"
@@ -51,7 +53,8 @@ void Parameters::applyDampRev(int, float v) {
     engine.reverb.decay = finite(law.decay);
     engine.reverb.decayA = finite(law.decayA);
     engine.reverb.decayB = finite(law.decayB);
-    engine.reverb.dampCoef = finite(law.damp);
+    // Outside 0 to 1 the damping would blow up instead of following.
+    engine.reverb.dampCoef = std::clamp(finite(law.damp), 0.0f, 1.0f);
 }
 
 void Parameters::applyAmtRev(int, float v) {

@@ -16,6 +16,13 @@ class EditorLink {
     virtual void showTempo(float tempo) = 0;
     /// The note gave the LFO a new frequency: show this normalised value.
     virtual void showLfoFrequency(float freqMod) = 0;
+
+    /// The parameter under the mouse gesture that is running, 215 for none.
+    virtual int32_t editedParameter() = 0;
+    /// A MIDI controller has moved a parameter: for a while the display does not follow the mouse.
+    virtual void markMidiChange() = 0;
+    /// The editor's clock in milliseconds.
+    virtual uint32_t tick() const = 0;
 };
 
 /// Where the applied values of the current program go.

@@ -44,12 +44,25 @@ void writeTenth(char* text, float x) {
     print(text, "%.01f", double(std::clamp(x, -1.0e9f, 1.0e9f)));
 }
 
-void cutBehindPoint(char* text, size_t digits) {
-    if (char* const point = std::strchr(text, '.')) {
-        if (std::strlen(point) > digits + 1) {
-            point[digits ? digits + 1 : 0] = 0;
-        }
+void cutBehindPoint(char* text, int32_t digits) {
+    char* const point = std::strchr(text, '.');
+    if (point && digits <= 0) {
+        *point = 0;
+    } else if (point && std::strlen(point) > size_t(digits) + 1) {
+        point[digits + 1] = 0;
     }
+}
+
+constexpr float kLowestShownGain = 0.0001f;
+
+void writeDecibelsAbove(float gain, char* text, int32_t decimals) {
+    float2string(20.0 * std::log10(double(gain)), text, kFloatCharacters);
+    cutBehindPoint(text, decimals);
+}
+
+void append(char* text, const char* unit) {
+    const size_t length = std::strlen(text);
+    std::snprintf(text + length, kTextBytes - length, "%s", unit);
 }
 
 void onOff(const Shown& s, char* text) {
@@ -62,13 +75,7 @@ void either(const Shown& s, char* text) {
 }
 
 void decibel(const Shown& s, char* text) {
-    const float gain = gainLaw(s.v);
-    if (!(gain > 0.0001f)) {
-        write(text, "-100.0");
-        return;
-    }
-    float2string(20.0 * std::log10(double(gain)), text, kFloatCharacters);
-    cutBehindPoint(text, 1);
+    writeDecibels(gainLaw(s.v), text, 1);
 }
 
 void pair(const Shown& s, char* text) {
@@ -151,10 +158,7 @@ void wave(const Shown& s, char* text) {
 }
 
 void delay(const Shown& s, char* text) {
-    const float ringLen = s.parameters.applied(reading::kRingLen);
-    const float rate = s.parameters.applied(reading::kSampleRate);
-    float2string(s.v * ringLen * 1000.0f / rate + 0.5f, text, kFloatCharacters);
-    cutBehindPoint(text, 0);
+    writeDelayMs(s.parameters, s.v, text, 0);
 }
 
 void width(const Shown& s, char* text) {
@@ -299,6 +303,37 @@ void dB2string(double gain, char* text, int32_t length) {
         float2string(20.0 * std::log10(gain), text, length);
     } else {
         write(text, "-oo");
+    }
+}
+
+void writeDelayMs(const Parameters& parameters, float value, char* text, int32_t decimals) {
+    const float ringLen = parameters.applied(reading::kRingLen);
+    const float rate = parameters.applied(reading::kSampleRate);
+    float2string(value * ringLen * 1000.0f / rate + 0.5f, text, kFloatCharacters);
+    cutBehindPoint(text, decimals);
+}
+
+void writeSamplesAsMs(const Parameters& parameters, float value, char* text, int32_t decimals) {
+    const float rate = parameters.applied(reading::kSampleRate);
+    float2string(value * 1000.0f / rate, text, kFloatCharacters);
+    cutBehindPoint(text, decimals);
+    append(text, " ms");
+}
+
+void writeDecibels(float gain, char* text, int32_t decimals) {
+    if (gain > kLowestShownGain) {
+        writeDecibelsAbove(gain, text, decimals);
+    } else {
+        write(text, "-100.0");
+    }
+}
+
+void writeDecibelsWithUnit(float gain, char* text, int32_t decimals) {
+    if (gain > kLowestShownGain) {
+        writeDecibelsAbove(gain, text, decimals);
+        append(text, "dB");
+    } else {
+        write(text, "-100dB");
     }
 }
 

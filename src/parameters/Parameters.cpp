@@ -104,8 +104,8 @@ void Parameters::tellEditor(int32_t index, float value) const {
 }
 
 void Parameters::endMidiLearn() {
-    midiLearnActive = 0.0f;
-    midiLearnController = 128;
+    midiLearnActive.store(0.0f, kRelaxed);
+    midiLearnController.store(kNothingHeard, kRelaxed);
 }
 
 void Parameters::apply(int32_t index, float value) {
@@ -162,7 +162,7 @@ void Parameters::runCommand(int32_t index, float v, int32_t& reported) {
         meterModeValue = v;
         engine.clearMeters();
     } else if (index == command::kMidiLearn) {
-        midiLearnActive = v;
+        midiLearnActive.store(v, kRelaxed);
     }
 }
 
@@ -193,7 +193,7 @@ float Parameters::reading(int32_t index) const {
         case command::kMeterMode:
             return meterModeValue;
         case command::kMidiLearn:
-            return midiLearnActive;
+            return midiLearnActive.load(kRelaxed);
         case reading::kNoteFreqMod:
             return lastFreqMod;
         case reading::kRingFracUsed:
@@ -206,6 +206,8 @@ float Parameters::reading(int32_t index) const {
             return float(engine.ringLen);
         case reading::kSampleRate:
             return sampleRate;
+        case reading::kMidiStamp:
+            return float(lastMidiTick.load(kRelaxed));
         default:
             return 0.0f;
     }

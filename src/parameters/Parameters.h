@@ -49,7 +49,15 @@ class Parameters {
     void beginBlock();
 
     bool isPowered() const { return kept(Family::Power) != 0.0f; }
+
+    // MIDI learn is switched on by the command 332 and off by any other value that is applied.
+    bool isMidiLearnActive() const { return midiLearnActive.load(kRelaxed) != 0.0f; }
+    /// The controller heard last since then, 128 for none.
+    uint8_t heardController() const { return midiLearnController.load(kRelaxed); }
+    void hearController(uint8_t controller) { midiLearnController.store(controller, kRelaxed); }
     void endMidiLearn();
+    /// The editor's tick at the last MIDI event, for its lamp.
+    void stampMidi(uint32_t tick) { lastMidiTick.store(tick, kRelaxed); }
 
   private:
     using Action = void (Parameters::*)(int tap, float v);
@@ -183,8 +191,11 @@ class Parameters {
 
     float sampleRate = kLowestRate;
     float meterModeValue = 0.5f;
-    float midiLearnActive = 0.0f;
-    uint8_t midiLearnController = 128;
+    static constexpr auto kRelaxed = std::memory_order_relaxed;
+    static constexpr uint8_t kNothingHeard = 128;
+    std::atomic<float> midiLearnActive{0.0f};
+    std::atomic<uint8_t> midiLearnController{kNothingHeard};
+    std::atomic<uint32_t> lastMidiTick{0};
 
     // master
     float inputGain = 0.0f, outGain = 0.0f;

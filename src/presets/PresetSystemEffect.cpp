@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
+#include "presets/Chunk.h"
 #include "presets/factory/FactoryBank.h"
 
 namespace tessel8 {
@@ -20,9 +22,15 @@ void copyName(const ProgramRecord& record, char* text) {
 
 CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback callback)
     : AudioEffectX(callback, kHostPrograms, kParameterCount),
-      programs(std::make_unique<ProgramRecord[]>(kProgramCount)) {
+      programs(std::make_unique<ProgramRecord[]>(kProgramCount)),
+      chunkBuffer(new (std::nothrow) uint8_t[kChunkSize]) {
     programsAreChunks(true);
     CPresetSystemEffect::initFactoryBank();
+    initRecord = programs[0];
+}
+
+void CPresetSystemEffect::finishConstruction() {
+    initRecord = programs[0];
 }
 
 void CPresetSystemEffect::initFactoryBank() {
@@ -49,6 +57,23 @@ void CPresetSystemEffect::storeAllValues(const float* values) {
 
 void CPresetSystemEffect::setProgramName(const char* name) {
     setRecordName(currentRecord(), name);
+    markChanged();
+}
+
+void CPresetSystemEffect::renameCurrentProgram(const char* name) {
+    curProgram = 0;
+    if (name) {
+        setRecordName(currentRecord(), name);
+        markChanged();
+    }
+    updateDisplay();
+}
+
+void CPresetSystemEffect::resetProgram(int32_t index) {
+    if (index >= 0 && index < kProgramCount) {
+        programs[size_t(index)] = initRecord;
+        markChanged();
+    }
 }
 
 void CPresetSystemEffect::getProgramName(char* text) {
@@ -70,6 +95,7 @@ void CPresetSystemEffect::selectProgram(int32_t index) {
     loadingProgram = true;
     curProgram = 0;
     currentProgram = index;
+    markChanged();
     // By value: a parameter may reach back into the record while it is being applied.
     const ProgramRecord record = currentRecord();
     for (int32_t i = 0; i < kParameterCount; ++i) {
@@ -79,6 +105,41 @@ void CPresetSystemEffect::selectProgram(int32_t index) {
     beginEdit(0);
     endEdit(0);
     loadingProgram = false;
+}
+
+int32_t CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
+    if (!chunkBuffer) {
+        return 0;
+    }
+    writeChunk(store(), currentProgram, chunkBuffer.get());
+    *data = chunkBuffer.get();
+    return int32_t(kChunkSize);
+}
+
+int32_t CPresetSystemEffect::setChunk(void* data, int32_t byteSize, bool /*isPreset*/) {
+    if (!data || byteSize < 0 || !chunkBuffer) {
+        return -1;
+    }
+    const std::unique_ptr<ProgramRecord[]> copy(new (std::nothrow) ProgramRecord[kProgramCount]);
+    if (!copy) {
+        return 0;
+    }
+    std::copy_n(programs.get(), kProgramCount, copy.get());
+    int32_t current = 0;
+    const ImageResult result =
+        readChunk({static_cast<const uint8_t*>(data), size_t(byteSize)}, initRecord,
+                  std::span<ProgramRecord, kProgramCount>(copy.get(), kProgramCount), current);
+    if (result == ImageResult::Applied) {
+        replaceStore(copy.get(), current);
+    }
+    return result == ImageResult::Refused ? -1 : 0;
+}
+
+void CPresetSystemEffect::replaceStore(const ProgramRecord* newPrograms, int32_t current) {
+    // From here on a block that runs meanwhile writes none of its own values into the programs.
+    loadingProgram = true;
+    std::copy_n(newPrograms, kProgramCount, programs.get());
+    selectProgram(current);
 }
 
 }  // namespace tessel8

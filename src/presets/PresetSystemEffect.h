@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <memory>
+#include <span>
 
 #include "parameters/Links.h"
 #include "presets/ProgramRecord.h"
@@ -23,17 +24,34 @@ class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
     int32_t getProgram() override { return 0; }
     /// The host cannot change the program.
     void setProgram(int32_t /*program*/) override {}
+    /// Takes the first 24 characters, of which a record keeps 23.
     void setProgramName(const char* name) override;
     void getProgramName(char* text) override;
     bool getProgramNameIndexed(int32_t category, int32_t index, char* text) override;
 
+    /// The whole store, also where the host asks for one program. `data` is good until the next
+    /// call. Answers the size in bytes, 0 without memory.
+    int32_t getChunk(void** data, bool isPreset) override;
+    /// Replaces the store and selects its current program. Answers 0, or -1 for data that is not a
+    /// chunk of ours or is not whole; then, as after a value that no program may hold (which
+    /// answers 0), nothing has changed.
+    int32_t setChunk(void* data, int32_t byteSize, bool isPreset) override;
+
+    virtual int32_t getCurrentProgramIndex() { return currentProgram; }
     /// Makes a program current and applies all its values.
     virtual void selectProgram(int32_t index);
-    virtual int32_t getCurrentProgramIndex() { return currentProgram; }
+    /// Names the current program, unless `name` is null, and has the host show it.
+    virtual void renameCurrentProgram(const char* name);
+    virtual int32_t getPluginId() { return getAeffect()->uniqueID; }
+    /// Makes a program the neutral one, name included.
+    virtual void resetProgram(int32_t index);
     /// Last step of construction.
-    virtual void finishConstruction() {}
+    virtual void finishConstruction();
     /// Fills the store with the factory's programs.
     virtual void initFactoryBank();
+
+    /// Rises whenever names or the choice of a program changed; the panel asks in its own time.
+    uint32_t storeRevision() const { return revision.load(std::memory_order_acquire); }
 
     // ProgramSink
     bool isLoadingProgram() const override { return loadingProgram; }
@@ -42,10 +60,22 @@ class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
 
   protected:
     ProgramRecord& currentRecord() { return programs[size_t(currentProgram)]; }
+    std::span<ProgramRecord, kProgramCount> store() {
+        return std::span<ProgramRecord, kProgramCount>(programs.get(), kProgramCount);
+    }
 
     std::unique_ptr<ProgramRecord[]> programs;
     int32_t currentProgram = 0;
+    ProgramRecord initRecord;  ///< what a program holds where loaded data says nothing
     std::atomic<bool> loadingProgram{false};
+
+  private:
+    /// Takes over a whole bank that was read into a copy.
+    void replaceStore(const ProgramRecord* newPrograms, int32_t current);
+    void markChanged() { revision.fetch_add(1, std::memory_order_release); }
+
+    std::unique_ptr<uint8_t[]> chunkBuffer;  ///< null without memory
+    std::atomic<uint32_t> revision{0};
 };
 
 }  // namespace tessel8

@@ -5,6 +5,7 @@
 
 #include "editor/Tessel8Editor.h"
 #include "engine/DenormalGuard.h"
+#include "parameters/ControlTags.h"
 #include "parameters/ParameterTexts.h"
 #include "shell/Version.h"
 
@@ -22,9 +23,7 @@ void copyText(char* to, const char* text) {
 Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
     // Without rings this ends in "no memory": the effect is transparent until a rate arrives.
     Tessel8::resume();
-    auto panel = std::make_unique<Tessel8Editor>();
-    parameters.connect(static_cast<EditorLink*>(panel.get()));
-    setEditor(std::move(panel));
+    connectEditor();
     setNumInputs(2);
     setNumOutputs(2);
     canProcessReplacing(true);
@@ -32,6 +31,13 @@ Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
     parameters.connect(this, this);
     finishConstruction();
     selectProgram(0);
+}
+
+void Tessel8::connectEditor() {
+    auto made = std::make_unique<Tessel8Editor>();
+    panel = made.get();
+    parameters.connect(panel);
+    setEditor(std::move(made));
 }
 
 Tessel8::~Tessel8() {
@@ -177,6 +183,10 @@ void Tessel8::setParameter(int32_t index, float value) {
     applyParameter(index, value);
 }
 
+void Tessel8::setParameterAutomated(int32_t index, float value) {
+    AudioEffect::setParameterAutomated(index, value);
+}
+
 float Tessel8::getParameter(int32_t index) {
     return parameters.stored(index);
 }
@@ -191,6 +201,73 @@ void Tessel8::getParameterLabel(int32_t index, char* text) {
 
 void Tessel8::getParameterDisplay(int32_t index, char* text) {
     writeDisplayText(parameters, index, text);
+}
+
+void Tessel8::delayToMsText(float value, char* text, int32_t decimals) {
+    writeDelayMs(parameters, value, text, decimals);
+}
+
+void Tessel8::gainToDbText(float value, char* text, int32_t decimals) {
+    writeDecibels(value, text, decimals);
+}
+
+void Tessel8::samplesToMsText(float value, char* text, int32_t decimals) {
+    writeSamplesAsMs(parameters, value, text, decimals);
+}
+
+void Tessel8::gainToDbUnitText(float value, char* text, int32_t decimals) {
+    writeDecibelsWithUnit(value, text, decimals);
+}
+
+int32_t Tessel8::processEvents(VstEvents* events) {
+    if (events) {
+        processMidiEvents(*events, controllerMap, *this);
+    }
+    return 1;
+}
+
+int32_t Tessel8::heldParameter() {
+    return panel ? panel->editedParameter() : kNotAssigned;
+}
+
+void Tessel8::midiSeen() {
+    if (panel) {
+        panel->setParameter(reading::kMidiStamp, 1.0f);
+        parameters.stampMidi(panel->tick());
+    }
+}
+
+void Tessel8::midiMoved() {
+    if (panel) {
+        panel->markMidiChange();
+    }
+}
+
+void Tessel8::endMidiLearn() {
+    parameters.endMidiLearn();
+    if (panel) {
+        panel->setParameter(command::kMidiLearn, 0.0f);
+    }
+}
+
+void Tessel8::learnController(int32_t tag) {
+    if (canBeLearnt(tag)) {
+        assignController(parameterOfTag(tag));
+    } else {
+        endMidiLearn();
+    }
+}
+
+void Tessel8::assignController(int32_t index) {
+    const uint8_t heard = parameters.heardController();
+    if (parameters.isMidiLearnActive() && heard <= kLastLearnt) {
+        controllerMap.assign(heard, index);
+    }
+    endMidiLearn();
+}
+
+int32_t Tessel8::controllerForParameter(int32_t index) {
+    return controllerMap.controllerFor(index);
 }
 
 bool Tessel8::getEffectName(char* text) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "engine/Engine.h"
+#include "midi/ControllerMap.h"
+#include "midi/MidiInput.h"
 #include "parameters/Parameters.h"
 #include "presets/PresetSystemEffect.h"
 
@@ -18,7 +20,7 @@ enum class EngineStatus : uint8_t {
 };
 
 /// The effect: owns the engine, the parameters and the editor, and answers the host.
-class Tessel8 : public CPresetSystemEffect, private HostClock {
+class Tessel8 : public CPresetSystemEffect, private HostClock, private MidiTarget {
   public:
     explicit Tessel8(audioMasterCallback audioMaster);
     ~Tessel8() override;
@@ -29,6 +31,7 @@ class Tessel8 : public CPresetSystemEffect, private HostClock {
     void processReplacing(float** inputs, float** outputs, int32_t sampleFrames) override;
 
     void setParameter(int32_t index, float value) override;
+    void setParameterAutomated(int32_t index, float value) override;
     float getParameter(int32_t index) override;
     void getParameterLabel(int32_t index, char* text) override;
     void getParameterDisplay(int32_t index, char* text) override;
@@ -40,6 +43,7 @@ class Tessel8 : public CPresetSystemEffect, private HostClock {
     int32_t getVendorVersion() override;
     int32_t canDo(const char* text) override;
     int32_t getPlugCategory() override { return kPlugCategEffect; }
+    int32_t processEvents(VstEvents* events) override;
 
     virtual void resetToDefaults();
     virtual void applyParameter(int32_t index, float value);
@@ -55,16 +59,46 @@ class Tessel8 : public CPresetSystemEffect, private HostClock {
     virtual void mirrorAppliedValues();
     virtual void requestPanic(bool on);
 
+    // The MIDI controllers of this instance.
+    virtual void resetControllerMap() { controllerMap.reset(); }
+    /// Last step of learn: puts the controller that was heard on the parameter, and ends learn.
+    virtual void assignController(int32_t index);
+    /// The lowest controller from 1 to 119 on a parameter, 128 for none.
+    virtual int32_t controllerForParameter(int32_t index);
+    /// 128 bytes: what each controller drives, 217 and above for nothing.
+    virtual uint8_t* controllerMapData() { return controllerMap.data(); }
+    /// Takes the tag of a control that was touched while learn is on.
+    virtual void learnController(int32_t tag);
+    virtual void clearControllerMap() { controllerMap.clear(); }
+
+    // Texts for the panel's display, each cut (not rounded) to `decimals` digits behind the point
+    // or, for 0, at the point. `text` takes `kTextBytes`.
+    virtual void delayToMsText(float value, char* text, int32_t decimals);
+    virtual void gainToDbText(float value, char* text, int32_t decimals);
+    virtual void samplesToMsText(float value, char* text, int32_t decimals);
+    virtual void gainToDbUnitText(float value, char* text, int32_t decimals);
+
   private:
     // HostClock
     bool hostTempo(double& bpm) override;
     bool songPosition(double& quarterNotes) override;
 
+    // MidiTarget
+    bool isLearning() const override { return parameters.isMidiLearnActive(); }
+    void controllerHeard(uint8_t controller) override { parameters.hearController(controller); }
+    int32_t heldParameter() override;
+    void midiSeen() override;
+    void midiMoved() override;
+
+    void connectEditor();
+    void endMidiLearn();
     bool isRateInRange() const;
     bool runsEngine() const;
 
     Engine engine;
     Parameters parameters{engine};
+    ControllerMap controllerMap;
+    EditorLink* panel = nullptr;  ///< the editor as the effect sees it
     EngineStatus engineStatus = EngineStatus::NotStarted;
     bool rateOk = false;
 };

@@ -43,6 +43,15 @@ void noteTime(const std::string& when) {
     }
 }
 
+void noteMessages(const VstEvents& events) {
+    for (int32_t i = 0; i < events.numEvents; ++i) {
+        const auto& event = *reinterpret_cast<const VstMidiEvent*>(events.events[i]);
+        const auto* const bytes = reinterpret_cast<const uint8_t*>(event.midiData);
+        note(event.type == kVstMidiType ? "message " : "strange event ", int(bytes[0]), " ",
+             int(bytes[1]), " ", int(bytes[2]), " after ", event.deltaFrames);
+    }
+}
+
 intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void* ptr, float opt) {
     constexpr const char* kNames[] = {"Level", "ZoomDel", "ModeFB", "Odd name"};
     if (opcode == effOpen) {
@@ -56,6 +65,8 @@ intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void*
         note("block ", value);
     } else if (opcode == effMainsChanged) {
         note("mains ", value);
+    } else if (opcode == effProcessEvents) {
+        noteMessages(*static_cast<const VstEvents*>(ptr));
     } else if (opcode == effGetParamName) {
         std::strcpy(static_cast<char*>(ptr), kNames[index]);
     }

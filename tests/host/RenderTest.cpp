@@ -219,6 +219,9 @@ TEST_F(RenderTest, OtherCommandsTellWhatTheyAreAskedFor) {
     };
     const std::string table = told({"list", "--params", "--plugin", plugin_});
     EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 2 + 215);
+    const std::string programs = told({"list", "--programs", "--plugin", plugin_});
+    EXPECT_EQ(std::count(programs.begin(), programs.end(), '\n'), 2 + 140);
+    EXPECT_NE(programs.find("\n 2 *init Simple Delay\n"), std::string::npos) << programs;
     const std::string info = told({"info", plugin_}), version = told({"--version"});
     for (const char* line :
          {"\n 0 POWER 1 ON", "\n 5 Tempo 0.28125 120.0 BPM", "\n 192 ModeFB 0 MultiEcho",

@@ -51,6 +51,9 @@ struct Outside final : EditorLink, ProgramSink, HostClock {
     void setParameter(int32_t index, float value) override { told += line("", index, value); }
     void showTempo(float value) override { told += line("d", at::Tempo, value); }
     void showLfoFrequency(float value) override { told += line("k", at::FreqMod, value); }
+    int32_t editedParameter() override { return 215; }
+    void markMidiChange() override {}
+    uint32_t tick() const override { return 0; }
     bool isLoadingProgram() const override { return loading; }
     void storeValue(int32_t index, float value) override {
         program.at(size_t(index)) = value;

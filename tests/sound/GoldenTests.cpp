@@ -56,24 +56,32 @@ bool isFinite(const Audio& audio) {
            std::all_of(audio.right.begin(), audio.right.end(), finite);
 }
 
+std::vector<Setting> allSettings() {
+    std::vector<Setting> all = soundSettings();
+    for (Setting& setting : factorySettings()) {
+        all.push_back(std::move(setting));
+    }
+    return all;
+}
+
 TEST(GoldenSound, EverySettingSoundsAsItDid) {
     const Audio in = testMaterial(kFrames);
     if (std::getenv("TESSEL8_RENEW_GOLDEN")) {
         std::ofstream file(TESSEL8_GOLDEN);
-        for (const Setting& setting : soundSettings()) {
+        for (const Setting& setting : allSettings()) {
             const Audio out = render(setting, in, kRate, kBlock, InstructionSet::Baseline);
             file << hexOf(hashOf(out)) << "  " << setting.name << '\n';
         }
     }
     const auto golden = readGolden();
-    for (const Setting& setting : soundSettings()) {
+    for (const Setting& setting : allSettings()) {
         const auto row = golden.find(setting.name);
         ASSERT_NE(row, golden.end()) << "no hash for " << setting.name;
         const Audio out = render(setting, in, kRate, kBlock, InstructionSet::Baseline);
         EXPECT_EQ(hexOf(hashOf(out)), row->second) << setting.name;
         EXPECT_TRUE(isFinite(out)) << setting.name;
     }
-    EXPECT_EQ(golden.size(), soundSettings().size());
+    EXPECT_EQ(golden.size(), allSettings().size());
 }
 
 TEST(GoldenSound, NoTwoSettingsSoundAlike) {
@@ -94,6 +102,19 @@ TEST(InstructionSets, AllGiveTheSameBits) {
                     EXPECT_TRUE(got == expected)
                         << setting.name << " differs on " << nameOf(set) << " at " << rate;
                 }
+            }
+        }
+    }
+}
+
+TEST(InstructionSets, AllGiveTheSameBitsOfEveryProgram) {
+    const Audio in = testMaterial(24000);
+    for (const Setting& setting : factorySettings()) {
+        const Audio expected = render(setting, in, 48000.0f, 256, InstructionSet::Baseline);
+        for (const InstructionSet set : kInstructionSets) {
+            if (isSupported(set)) {
+                EXPECT_TRUE(render(setting, in, 48000.0f, 256, set) == expected)
+                    << setting.name << " differs on " << nameOf(set);
             }
         }
     }

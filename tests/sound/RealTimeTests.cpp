@@ -122,6 +122,11 @@ class Storm {
             if (random() % 16 == 0) {
                 effect->requestPanic(true);
             }
+            if (random() % 64 == 0) {  // some hosts do this on the audio thread
+                effect->suspend();
+                effect->resume();
+            }
+            sendController();
             effect->setParameter(0, random() % 32 ? 1.0f : 0.0f);
             float* const inputs[] = {buffers.data(), buffers.data() + kLargest};
             float* const outputs[] = {buffers.data() + 2 * kLargest, buffers.data() + 3 * kLargest};
@@ -133,6 +138,16 @@ class Storm {
     }
 
   private:
+    void sendController() {
+        VstMidiEvent event{};
+        event.type = kVstMidiType;
+        event.midiData[0] = char(0xB0);
+        event.midiData[1] = char(random() % 128);
+        event.midiData[2] = char(random() % 128);
+        VstEvents events{1, 0, {reinterpret_cast<VstEvent*>(&event), nullptr}};
+        effect->processEvents(&events);
+    }
+
     static constexpr size_t kLargest = 700;
     std::minstd_rand random{11};
     std::unique_ptr<Tessel8> effect;

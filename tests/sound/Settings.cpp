@@ -1,5 +1,7 @@
 #include "Settings.h"
 
+#include "presets/factory/FactoryBank.h"
+
 namespace tessel8::test {
 
 namespace {
@@ -208,6 +210,39 @@ std::vector<Setting> build() {
 const std::vector<Setting>& soundSettings() {
     static const std::vector<Setting> all = build();
     return all;
+}
+
+namespace {
+
+/// A program that is being loaded, as the parameters see it.
+struct LoadingProgram : ProgramSink {
+    bool isLoadingProgram() const override { return true; }
+    void storeValue(int32_t, float) override {}
+    void storeAllValues(const float*) override {}
+};
+
+void applyProgram(Parameters& parameters, const ProgramRecord& program) {
+    LoadingProgram loading;
+    parameters.connect(&loading, nullptr);
+    for (int32_t index = 0; index < kParameterCount; ++index) {
+        parameters.apply(index, program.values[size_t(index)]);
+    }
+    parameters.connect(nullptr, nullptr);
+}
+
+}  // namespace
+
+std::vector<Setting> factorySettings() {
+    std::vector<ProgramRecord> bank(kProgramCount);
+    writeFactoryBank(bank);
+    std::vector<Setting> settings;
+    for (size_t i = 0; i < bank.size(); ++i) {
+        if (bank[i].values != bank[0].values) {
+            settings.push_back({"program " + std::to_string(i) + " " + bank[i].name.data(),
+                                [=](Parameters& p) { applyProgram(p, bank[i]); }});
+        }
+    }
+    return settings;
 }
 
 }  // namespace tessel8::test

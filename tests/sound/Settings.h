@@ -16,4 +16,7 @@ struct Setting {
 
 const std::vector<Setting>& soundSettings();
 
+/// The programs of the factory bank that differ from the neutral one.
+std::vector<Setting> factorySettings();
+
 }  // namespace tessel8::test

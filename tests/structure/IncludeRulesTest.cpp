@@ -155,6 +155,8 @@ TEST(IncludeRules, TheOperatingSystemIsKnownToThePlatformAlone) {
 }
 
 TEST(IncludeRules, TheCommandLineHostKnowsThePluginByItsInterfaceAlone) {
+    // Beside the interface: the form of programs in files, which must not be written down twice.
+    const std::set<std::string> kCommon = {"vst/Vst24.h", "presets/Chunk.h", "presets/Image.h"};
     const auto files = filesBelow("host");
     const auto sources = filesBelow("src");
     if (files.empty()) {
@@ -165,7 +167,7 @@ TEST(IncludeRules, TheCommandLineHostKnowsThePluginByItsInterfaceAlone) {
             if (!include.inQuotes || files.count(resolved(files, file, include.name))) {
                 continue;
             }
-            EXPECT_EQ(include.name, "vst/Vst24.h") << file;
+            EXPECT_TRUE(kCommon.count(include.name)) << file << " includes " << include.name;
         }
     }
     for (const Include& include : sources.at("vst/Vst24.h")) {

@@ -21,8 +21,10 @@ void writeRecord(ProgramRecord& record, const factory::FactoryProgram& program) 
 void writeFactoryBank(std::span<ProgramRecord> programs) {
     std::fill(programs.begin(), programs.end(), neutralProgram());
     auto record = programs.begin() + kFirstWrittenRow;
-    for (const auto& rows : {factory::kTemplates, factory::kVoicesAndWashes, factory::kEchoes,
-                             factory::kGrooves, factory::kPlaces, factory::kMachines}) {
+    for (const auto& rows :
+         {factory::kTemplates, factory::kCalls, factory::kVoicesAndWashes, factory::kEchoes,
+          factory::kLiquids, factory::kGrooves, factory::kRhythms, factory::kPlaces,
+          factory::kJourneys, factory::kMachines, factory::kVisions, factory::kRefrains}) {
         for (const factory::FactoryProgram& program : rows) {
             writeRecord(*record++, program);
         }

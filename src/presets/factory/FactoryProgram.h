@@ -42,17 +42,17 @@ struct FactoryProgram {
     constexpr FactoryProgram(const char* title, std::initializer_list<Difference> differences)
         : name(title) {
         for (const ParameterFamily& row : kFamilies) {
-            for (int32_t i = 0; i < row.count; ++i) {
-                values[size_t(row.first + i)] = double(row.initial);
+            for (int32_t i = row.first; i < row.first + row.count; ++i) {
+                values[size_t(i)] = double(row.initial);
             }
         }
         values[size_t(kTapThatStartsOn)] = 1.0;
         for (const Difference& difference : differences) {
             const ParameterFamily& row = familyRow(difference.family);
-            for (int32_t i = 0; i < row.count; ++i) {
-                const double value = difference.values[size_t(i)];
-                if (value != same) {
-                    values[size_t(row.first + i)] = value;
+            double* const family = &values[size_t(row.first)];
+            for (size_t i = 0; i < size_t(row.count); ++i) {
+                if (difference.values[i] != same) {
+                    family[i] = difference.values[i];
                 }
             }
         }
@@ -62,10 +62,16 @@ struct FactoryProgram {
 // The bank from row 2 to row 131, in order, by the files that hold them. Rows 0 and 1 and the last
 // eight are the neutral program.
 extern const std::span<const FactoryProgram> kTemplates;        // 2 to 9
-extern const std::span<const FactoryProgram> kVoicesAndWashes;  // 10 to 35
-extern const std::span<const FactoryProgram> kEchoes;           // 36 to 61
-extern const std::span<const FactoryProgram> kGrooves;          // 62 to 81
-extern const std::span<const FactoryProgram> kPlaces;           // 82 to 103
-extern const std::span<const FactoryProgram> kMachines;         // 104 to 131
+extern const std::span<const FactoryProgram> kCalls;            // 10 to 22
+extern const std::span<const FactoryProgram> kVoicesAndWashes;  // 23 to 35
+extern const std::span<const FactoryProgram> kEchoes;           // 36 to 48
+extern const std::span<const FactoryProgram> kLiquids;          // 49 to 61
+extern const std::span<const FactoryProgram> kGrooves;          // 62 to 71
+extern const std::span<const FactoryProgram> kRhythms;          // 72 to 81
+extern const std::span<const FactoryProgram> kPlaces;           // 82 to 91
+extern const std::span<const FactoryProgram> kJourneys;         // 92 to 103
+extern const std::span<const FactoryProgram> kMachines;         // 104 to 116
+extern const std::span<const FactoryProgram> kVisions;          // 117 to 126
+extern const std::span<const FactoryProgram> kRefrains;         // 127 to 131
 
 }  // namespace tessel8::factory

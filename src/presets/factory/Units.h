@@ -14,10 +14,12 @@ constexpr double sixDecimals(double v) {
 /// log2 of a positive number: whole octaves, then the series of atanh for what is left.
 constexpr double log2Of(double x) {
     double octaves = 0.0;
-    for (; x >= 2.0; x /= 2.0) {
+    while (x >= 2.0) {
+        x /= 2.0;
         octaves += 1.0;
     }
-    for (; x < 1.0; x *= 2.0) {
+    while (x < 1.0) {
+        x *= 2.0;
         octaves -= 1.0;
     }
     const double ratio = (x - 1.0) / (x + 1.0);
@@ -31,10 +33,12 @@ constexpr double log2Of(double x) {
 /// 2 to the power of x.
 constexpr double exp2Of(double x) {
     double power = 1.0;
-    for (; x >= 1.0; x -= 1.0) {
+    while (x >= 1.0) {
+        x -= 1.0;
         power *= 2.0;
     }
-    for (; x < 0.0; x += 1.0) {
+    while (x < 0.0) {
+        x += 1.0;
         power /= 2.0;
     }
     double term = 1.0, sum = 0.0;
