@@ -81,8 +81,7 @@ TEST_F(DialogTest, EndsItsToolWithItself) {
     window->processEvents();
     EXPECT_FALSE(hasNoChild());
     dialog.reset();
-    EXPECT_TRUE(hasNoChild());
-    EXPECT_FALSE(path);
+    EXPECT_TRUE(hasNoChild() && !path);
 }
 
 TEST_F(DialogTest, FindsAFileByKeyboardWithoutADesktop) {
@@ -111,8 +110,7 @@ TEST_F(DialogTest, TakesADoubleClick) {
 TEST_F(DialogTest, ShowsAMessageUntilItIsRead) {
     bool read = false;
     dialog = window->openMessage("Title", "Text", [&] { read = true; });
-    EXPECT_TRUE(untilFocused());
-    EXPECT_FALSE(read);
+    EXPECT_TRUE(untilFocused() && !read);
     user.type("Return");
     EXPECT_TRUE(until([&] { return read; }));
 }

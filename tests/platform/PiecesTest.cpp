@@ -29,9 +29,7 @@ struct LineEditTest : Host {
         return result.value_or("nothing");
     }
     std::string edited(const std::string& text, const std::string& keys) {
-        openEdit(text);
-        user.type(keys);
-        return ended();
+        return openEdit(text), user.type(keys), ended();
     }
 };
 
@@ -50,9 +48,7 @@ struct MenuTest : Host {
         return choice.value_or(-2);
     }
     int32_t chosenBy(const std::string& keys, int32_t perColumn = 0) {
-        openMenu(perColumn);
-        user.type(keys);
-        return chosen();
+        return openMenu(perColumn), user.type(keys), chosen();
     }
 };
 
@@ -119,8 +115,7 @@ TEST_F(MenuTest, IsLedByTheMouseWithoutThePanelHearingOfIt) {
 TEST_F(MenuTest, UnderAHeldButtonLeavesTheReleaseToThePanelAndStays) {
     told("down", [&] { user.moveTo(30, 40), user.press(); });
     openMenu();
-    EXPECT_EQ(told("up", [&] { user.release(); }).back(), "up 30,40 2");
+    EXPECT_EQ(told("up", [&] { user.moveTo(31, 40), user.release(); }).back(), "up 31,40 2");
     EXPECT_FALSE(choice);
-    user.type("Return");
-    EXPECT_EQ(chosen(), 1);
+    EXPECT_EQ((user.type("Return"), chosen()), 1);
 }

@@ -50,13 +50,16 @@ bool isPrintable(const std::string& text) {
 
 bool Keyboard::readLayout() {
     if (!context) {
-        context.reset(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+        // The server's layout needs none of the system's files: without them only the default
+        // layout is missing.
+        context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
         if (!context) {
             return false;
         }
-        // What the library has to say about the user's files belongs on no host's terminal.
+        // What the library has to say about those files belongs on no host's terminal.
         xkb_context_set_log_fn(context.get(),
                                [](xkb_context*, xkb_log_level, const char*, va_list) {});
+        xkb_context_include_path_append_default(context.get());
         composing.reset(deadKeys(context.get()));
     }
     keymap.reset(layoutOfServer(context.get(), connection.xcb()));
