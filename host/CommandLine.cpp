@@ -42,18 +42,20 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
     command->add_option("OUT", typed.render.output, "Audio file to write, its kind by its ending")
         ->type_name("FILE")
         ->required();
-    command->add_option("--bank", typed.render.bank, "Bank file with programs for the store (.vtb)")
+    command
+        ->add_option("--bank", typed.render.choice.bank,
+                     "Bank file with programs for the store (.vtb)")
         ->type_name("FILE");
     command
-        ->add_option("--program", typed.render.program,
+        ->add_option("--program", typed.render.choice.program,
                      "A stored program, by number (0 to 139) or name; --set changes it")
         ->type_name("N|NAME");
     command
-        ->add_option("--preset", typed.render.preset,
+        ->add_option("--preset", typed.render.choice.preset,
                      "Preset file whose program takes the place of the current one (.vtp)")
         ->type_name("FILE");
     command
-        ->add_option("--set", typed.render.settings,
+        ->add_option("--set", typed.render.choice.settings,
                      "A parameter, by name or #index, and its value; may be given many times")
         ->type_name("NAME=VALUE")
         ->allow_extra_args(false);
