@@ -80,7 +80,8 @@ void Tessel8Editor::act(CControl* control, int32_t tag, float value, uint32_t bu
         resetColumn(tag);
     } else if (tag >= kParameterCount) {
         actOnKey(tag, value, buttons);
-    } else if (isBetween(tag, parameterIndex(Family::DelayT), parameterIndex(Family::LinkTap) - 1)) {
+    } else if (isBetween(tag, parameterIndex(Family::DelayT),
+                         parameterIndex(Family::LinkTap) - 1)) {
         if (familyOf(tag).family == Family::ActTap) {
             touchTapSwitch(control, tapOf(tag), value, buttons);
         } else {

@@ -6,7 +6,7 @@ namespace tessel8 {
 
 namespace {
 
-constexpr int32_t kLogo = 357;     // where the display begins
+constexpr int32_t kLogo = 357;      // where the display begins
 constexpr int32_t kNoStatus = 215;  // a tag without a text
 /// Longer than any text waits for a MIDI change, so that none is remembered at the start.
 constexpr uint32_t kLongAgoMs = 60000;

@@ -119,9 +119,7 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
     void stepDelay(int32_t tap, bool up, int32_t steps, uint32_t buttons);
 
     float applied(int32_t index) { return effectLink.appliedValue(index); }
-    float applied(Family family, int32_t tap = 0) {
-        return applied(parameterIndex(family, tap));
-    }
+    float applied(Family family, int32_t tap = 0) { return applied(parameterIndex(family, tap)); }
     bool isLearning() { return applied(command::kMidiLearn) != 0.0f; }
     bool isGraph() const { return graphMode != 0.0f; }
     NewFrame* panelFrame() const { return static_cast<NewFrame*>(frame.get()); }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <memory>
 
+#include "editor/EffectLink.h"
 #include "editor/Tessel8Editor.h"
 #include "engine/DenormalGuard.h"
 #include "parameters/ControlTags.h"
@@ -271,7 +272,7 @@ int32_t Tessel8::controllerForParameter(int32_t index) {
 }
 
 bool Tessel8::getEffectName(char* text) {
-    copyText(text, "Vantor Tessel Echo");
+    copyText(text, kProductName);
     return true;
 }
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <sstream>
 
 #include "toolkit/CControl.h"
 #include "toolkit/CFrame.h"
@@ -21,9 +21,6 @@ struct FakeClock : TickClock {
 };
 
 struct FakeWindow : Window {
-    struct Piece : LineEdit, PopupMenu, Dialog {
-        std::string text() const override { return {}; }
-    };
     using TextEnd = std::function<void(const std::string&)>;
 
     explicit FakeWindow(WindowListener& hearer) : listener(hearer) {}
@@ -37,19 +34,16 @@ struct FakeWindow : Window {
     void processPaints() override { ++paints; }
     void invalidate(const PixelRect& part) override { damage = damage.united(part); }
     MouseState currentMouse() override { return mouse; }
-    void takeKeyboardFocus() override { ++focusTaken; }
-    std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings& s, TextEnd end) override {
-        offered = s.text, endText = std::move(end);
-        return std::make_unique<Piece>();
+    void takeKeyboardFocus() override {}
+    std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings&, TextEnd) override {
+        return nullptr;
     }
-    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings& s,
-                                             std::function<void(int32_t)> end) override {
-        offered = s.entries.at(size_t(s.current)), endMenu = std::move(end);
-        return std::make_unique<Piece>();
+    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings&,
+                                             std::function<void(int32_t)>) override {
+        return nullptr;
     }
-    std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings& s, TextEnd end) override {
-        offered = s.extension, endText = std::move(end);
-        return std::make_unique<Piece>();
+    std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings&, TextEnd) override {
+        return nullptr;
     }
     std::unique_ptr<Dialog> openMessage(const std::string&, const std::string&,
                                         std::function<void()>) override {
@@ -61,15 +55,11 @@ struct FakeWindow : Window {
     std::vector<std::function<void()>> events;  ///< handled at the next `processEvents`
     PixelRect damage;
     MouseState mouse;
-    std::string offered;  ///< a field's text, a menu's current entry, a dialog's extension
-    TextEnd endText;
-    std::function<void(int32_t)> endMenu;
-    int depth = 0, deepest = 0, paints = 0, focusTaken = 0;
+    int depth = 0, deepest = 0, paints = 0;
 };
 
 /// A frame in a fake window. The log reads "(7" for a gesture that begins on tag 7, "7)" for its
 /// end, "7=0.5" for a reported value and "~" for an idle pass during a gesture.
-template <typename Frame = CFrame>
 class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
   public:
     explicit FakePanel(const CRect& rect = {0, 0, 100, 100}) {
@@ -78,7 +68,7 @@ class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
             window = made.get();
             return made;
         };
-        frame = makeShared<Frame>(rect, makeWindow, this, clock);
+        frame = makeShared<CFrame>(rect, makeWindow, this, clock);
     }
     ~FakePanel() override { frame->close(); }
 
@@ -88,13 +78,24 @@ class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
         frame->addView(view.get());
         return view;
     }
-    void down(int32_t x, int32_t y, uint32_t word = 2) { window->listener.mouseDown({x, y, word}); }
-    void move(int32_t x, int32_t y, uint32_t word = 2) {
-        window->listener.mouseMoved({x, y, word});
-    }
-    void up(int32_t x, int32_t y, uint32_t word = 2) { window->listener.mouseUp({x, y, word}); }
-    void wheel(int32_t x, int32_t y, float distance, uint32_t word = 0) {
-        window->listener.wheel({x, y, word}, distance);
+    /// Does what a script says, and gives what was told since the last one. A word is a letter (d
+    /// press, m move, u release, + and - wheel, l leave the window), the buttons and the place:
+    /// "d2@30,20", which is what "d" alone means.
+    std::string act(const std::string& script) {
+        std::istringstream words(script);
+        for (std::string word; words >> word;) {
+            MouseState at{30, 20, mouse::kLeft};
+            std::sscanf(word.c_str() + 1, "%u@%d,%d", &at.buttons, &at.x, &at.y);
+            WindowListener& to = window->listener;
+            word[0] == 'd'   ? to.mouseDown(at)
+            : word[0] == 'm' ? to.mouseMoved(at)
+            : word[0] == 'u' ? to.mouseUp(at)
+            : word[0] == 'l' ? to.mouseLeft()
+                             : to.wheel(at, word[0] == '+' ? 1.0f : -1.0f);
+        }
+        const std::string told = log.str();
+        log.str("");
+        return told.substr(told.empty() ? 0 : 1);
     }
     /// Paints everything and gives one pixel of it.
     uint32_t pixelAt(int32_t x, int32_t y) {
@@ -104,31 +105,22 @@ class FakePanel : public VSTGUIEditorInterface, public CNewControlListener {
         window->listener.paint(surface, all);
         return surface.row(y)[x];
     }
-    /// The log since the last call.
-    std::string told() { return std::exchange(log, {}); }
-    void say(const std::string& word) { log += log.empty() ? word : " " + word; }
+    void say(const std::string& word) { log << ' ' << word; }
 
     void doIdleStuff() override { say("~"); }
     int32_t getKnobMode() const override { return kLinearMode; }
-    void beginEdit(int32_t index) override { sayNumber("(%d", index); }
-    void endEdit(int32_t index) override { sayNumber("%d)", index); }
+    void beginEdit(int32_t index) override { log << " (" << index; }
+    void endEdit(int32_t index) override { log << ' ' << index << ')'; }
     void valueChanged(CControl* control) override {
-        sayNumber("%d=%g", control->getTag(), double(control->getValue()));
+        log << ' ' << control->getTag() << '=' << control->getValue();
     }
 
     FakeClock clock;
     FakeWindow* window = nullptr;
-    Shared<Frame> frame;
+    Shared<CFrame> frame;
 
   private:
-    template <typename... Numbers>
-    void sayNumber(const char* format, Numbers... numbers) {
-        char text[32];
-        std::snprintf(text, sizeof text, format, numbers...);
-        say(text);
-    }
-
-    std::string log;
+    std::ostringstream log;
 };
 
 /// The first bytes of a bitmap file whose pixels begin at `start`.
@@ -148,7 +140,7 @@ struct FakeStrip {
             file[54 + 4 * colour] = uint8_t(colour);
         }
         for (int32_t image = images - 1; image >= 0; --image) {
-            file.insert(file.end(), size_t(width * imageHeight), uint8_t(image));
+            file.insert(file.end(), size_t(width) * size_t(imageHeight), uint8_t(image));
         }
         bitmap = makeShared<CBitmap>(std::span<const uint8_t>(file));
     }

@@ -1,7 +1,10 @@
 #include "platform/linux/DesktopTools.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <string_view>
+
+#include "platform/FileBrowser.h"
 
 namespace tessel8::x11 {
 
@@ -47,8 +50,9 @@ std::optional<Command> fileDialogCommand(const FileDialogSettings& settings, uin
         return std::nullopt;
     }
     const bool saves = settings.kind == FileDialogKind::Save;
-    const std::string start = settings.folder + "/" + (saves ? settings.defaultName : "");
-    const std::string pattern = "*." + settings.extension;
+    const std::string start =
+        (std::filesystem::path(settings.folder) / (saves ? settings.defaultName : "")).string();
+    const std::string pattern = withExtension("*", settings.extension);
     const std::string window = std::to_string(above);
     if (tool->isKde) {
         return Command{tool->program,

@@ -115,6 +115,7 @@ void DialogPane::keyPressed(const KeyPress& key) {
 
 void DialogPane::paint(const Surface& surface, const PixelRect& damaged) {
     fillRect(surface, damaged, bounds(), kGround);
+    drawFrame(surface, damaged, bounds(), kFrame);
     for (size_t i = 0; i < buttons.size(); ++i) {
         const auto& [label, place, act] = buttons[i];
         fillRect(surface, damaged, place, int32_t(i) == pressed ? kPressedGround : kButtonGround);

@@ -41,8 +41,16 @@ void LinuxLineEdit::keyboardOffered() {
     }
 }
 
+void LinuxLineEdit::focusChanged(bool has) {
+    hasFocus = has;
+    hadFocus = hadFocus || has;
+}
+
 void LinuxLineEdit::exposed() {
-    keyboardOffered();  // what could not have it before it was seen
+    // Before it was seen it could not have the keyboard; taken away later, it stays away.
+    if (!hadFocus) {
+        keyboardOffered();
+    }
 }
 
 void LinuxLineEdit::mouseDown(const MouseState& mouse) {

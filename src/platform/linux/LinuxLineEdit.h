@@ -25,7 +25,7 @@ class LinuxLineEdit : public LineEdit, public Pane {
     void mouseMoved(const MouseState& mouse) override { control.mouseMoved(mouse); }
     void mouseUp(const MouseState& mouse) override { control.mouseUp(mouse); }
     void keyPressed(const KeyPress& key) override;
-    void focusChanged(bool has) override { hasFocus = has; }
+    void focusChanged(bool has) override;
     void exposed() override;
     void tick(uint32_t now) override;
     void pressedOutside() override;
@@ -42,7 +42,7 @@ class LinuxLineEdit : public LineEdit, public Pane {
     std::string original;
     std::function<void(const std::string&)> ended;
     FocusLoan focusLoan;
-    bool open = true, hasFocus = false;
+    bool open = true, hasFocus = false, hadFocus = false;
 };
 
 }  // namespace tessel8::x11

@@ -53,7 +53,8 @@ LinuxPopupMenu::LinuxPopupMenu(const std::shared_ptr<Session>& theSession,
       ended(std::move(whenEnded)),
       hold(session()),
       openedAt(millisecondTick()),
-      highlighted(theSettings.current) {
+      highlighted(theSettings.current < int32_t(theSettings.entries.size()) ? theSettings.current
+                                                                            : -1) {
     session().connection().setAtoms(id(), Atom::NetWmWindowType, Atom::NetWmWindowTypePopupMenu);
     show();
     grabbed = grab();
