@@ -9,6 +9,13 @@
 
 namespace tessel8::host {
 
+namespace {
+
+constexpr int kLowestRate = 44100;  // Hz, both of the effect
+constexpr int kHighestRate = 192000;
+
+}  // namespace
+
 AudioReader::AudioReader(const std::filesystem::path& file) : name_(file.string()) {
     std::error_code ignored;
     if (access(file.c_str(), R_OK) != 0) {
@@ -28,6 +35,11 @@ AudioReader::AudioReader(const std::filesystem::path& file) : name_(file.string(
     if (info_.frames <= 0) {
         throw UserError(name_ + " holds no sound: it has 0 frames");
     }
+    if (info_.samplerate < kLowestRate || info_.samplerate > kHighestRate) {
+        throw UserError(name_ + " has a sample rate of " + std::to_string(info_.samplerate) +
+                        " Hz; the effect takes " + std::to_string(kLowestRate) + " to " +
+                        std::to_string(kHighestRate) + " Hz");
+    }
 }
 
 size_t AudioReader::read(float* left, float* right, size_t count) {
@@ -42,6 +54,12 @@ size_t AudioReader::read(float* left, float* right, size_t count) {
         right[i] = interleaved_[i * channels + channels - 1];
     }
     return size_t(got);
+}
+
+void AudioReader::rewind() {
+    if (sf_seek(file_.get(), 0, SEEK_SET) != 0) {
+        throw UserError(name_ + " cannot be repeated: it cannot be read from its beginning again");
+    }
 }
 
 }  // namespace tessel8::host

@@ -14,7 +14,8 @@ namespace tessel8::host {
 /// An audio file as two channels of floats; a mono file becomes two equal ones.
 class AudioReader {
   public:
-    /// Throws UserError for what is not an audio file of one or two channels with some sound.
+    /// Throws UserError for what is not an audio file of one or two channels with some sound, at a
+    /// rate that the effect takes.
     explicit AudioReader(const std::filesystem::path& file);
 
     int sampleRate() const { return info_.samplerate; }
@@ -24,6 +25,9 @@ class AudioReader {
 
     /// Reads the next `count` frames; fewer mean that the file has ended.
     size_t read(float* left, float* right, size_t count);
+
+    /// Goes back to the first frame; throws UserError where that cannot be done, as in a pipe.
+    void rewind();
 
   private:
     struct Close {

@@ -34,6 +34,7 @@ class Chain {
     /// Sends the first frames of `in` to `out`, with the MIDI messages that fall into them.
     void process(size_t frames);
 
+    int sampleRate() const { return sampleRate_; }
     size_t blockFrames() const { return in.left.size(); }
     int64_t processedFrames() const { return processedFrames_; }
 

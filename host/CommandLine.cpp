@@ -3,10 +3,12 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "Info.h"
 #include "ListParams.h"
 #include "Numbers.h"
+#include "PanelCommand.h"
 #include "Programs.h"
 #include "Render.h"
 #include "Texts.h"
@@ -19,11 +21,15 @@ namespace {
 constexpr const char* kVersion = "tessel8 1.6.1 build 349";
 constexpr Range kTempo{20, 999};   // BPM
 constexpr Range kBlock{1, 65536};  // frames
+constexpr Range kSeconds{0, 86400};
 
 /// Options as they were typed; numbers are read by our own functions, whose messages name the
 /// option and its range.
 struct Typed {
     RenderOptions render;
+    PanelOptions panel;
+    std::vector<std::string> clicks;
+    std::string seconds;
     std::string tempo;
     std::string tail = "silent";
     std::string block = "512";
@@ -34,6 +40,29 @@ struct Typed {
     bool listPrograms = false;
 };
 
+void addPlugin(CLI::App& command, Typed& typed) {
+    command.add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
+        ->type_name("FILE");
+}
+
+void addProgramChoice(CLI::App& command, ProgramChoice& choice) {
+    command.add_option("--bank", choice.bank, "Bank file with programs for the store (.vtb)")
+        ->type_name("FILE");
+    command
+        .add_option("--program", choice.program,
+                    "A stored program, by number (0 to 139) or name; --set changes it")
+        ->type_name("N|NAME");
+    command
+        .add_option("--preset", choice.preset,
+                    "Preset file whose program takes the place of the current one (.vtp)")
+        ->type_name("FILE");
+    command
+        .add_option("--set", choice.settings,
+                    "A parameter, by name or #index, and its value; may be given many times")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+}
+
 CLI::App* addRender(CLI::App& app, Typed& typed) {
     CLI::App* command = app.add_subcommand("render", "Send an audio file through the effect");
     command->add_option("IN", typed.render.input, "Audio file, one or two channels")
@@ -42,21 +71,7 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
     command->add_option("OUT", typed.render.output, "Audio file to write, its kind by its ending")
         ->type_name("FILE")
         ->required();
-    command->add_option("--bank", typed.render.bank, "Bank file with programs for the store (.vtb)")
-        ->type_name("FILE");
-    command
-        ->add_option("--program", typed.render.program,
-                     "A stored program, by number (0 to 139) or name; --set changes it")
-        ->type_name("N|NAME");
-    command
-        ->add_option("--preset", typed.render.preset,
-                     "Preset file whose program takes the place of the current one (.vtp)")
-        ->type_name("FILE");
-    command
-        ->add_option("--set", typed.render.settings,
-                     "A parameter, by name or #index, and its value; may be given many times")
-        ->type_name("NAME=VALUE")
-        ->allow_extra_args(false);
+    addProgramChoice(*command, typed.render.choice);
     command
         ->add_option("--tempo", typed.tempo,
                      "Tempo of the song, 20 to 999; with --midi until that file tells another one")
@@ -80,8 +95,7 @@ CLI::App* addRender(CLI::App& app, Typed& typed) {
                      "Samples of the output: 32-bit float, or the same kind as the input")
         ->type_name("float|input")
         ->capture_default_str();
-    command->add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
-        ->type_name("FILE");
+    addPlugin(*command, typed);
     return command;
 }
 
@@ -89,14 +103,38 @@ CLI::App* addList(CLI::App& app, Typed& typed) {
     CLI::App* command = app.add_subcommand("list", "List what the effect offers");
     command->add_flag("--params", typed.listParams, "All parameters with their texts");
     command->add_flag("--programs", typed.listPrograms, "All stored programs with their names");
-    command->add_option("--plugin", typed.plugin, "Plug-in file in place of the own one")
-        ->type_name("FILE");
+    addPlugin(*command, typed);
     return command;
 }
 
 CLI::App* addInfo(CLI::App& app, Typed& typed) {
     CLI::App* command = app.add_subcommand("info", "Tell about any VST 2.4 plug-in");
     command->add_option("PLUGIN", typed.infoFile, "Plug-in file")->type_name("FILE")->required();
+    return command;
+}
+
+CLI::App* addPanel(CLI::App& app, Typed& typed) {
+    CLI::App* command = app.add_subcommand(
+        "panel", "Show the effect's panel in a window while sound runs through, unheard");
+    addProgramChoice(*command, typed.panel.choice);
+    command
+        ->add_option("--input", typed.panel.input,
+                     "Audio file that runs through again and again, in place of silence")
+        ->type_name("FILE");
+    command
+        ->add_option("--click", typed.clicks,
+                     "Clicks at this pixel of the panel once it is open; may be given many times")
+        ->type_name("X,Y")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--screenshot", typed.panel.screenshot,
+                     "Writes a picture of the panel (PNG) and ends, a second after the last click")
+        ->type_name("FILE");
+    command
+        ->add_option("--seconds", typed.seconds,
+                     "Ends by itself so long after the last click, 0 to 86400")
+        ->type_name("SECONDS");
+    addPlugin(*command, typed);
     return command;
 }
 
@@ -122,6 +160,18 @@ RenderOptions renderOptions(const Typed& typed, const CLI::App& command) {
     return options;
 }
 
+PanelOptions panelOptions(const Typed& typed, const CLI::App& command) {
+    PanelOptions options = typed.panel;
+    options.plugin = typed.plugin;
+    for (const std::string& click : typed.clicks) {
+        options.clicks.push_back(parseClick(click));
+    }
+    if (command.count("--seconds") != 0) {
+        options.seconds = parseNumber(typed.seconds, kSeconds, "--seconds");
+    }
+    return options;
+}
+
 }  // namespace
 
 int runCommandLine(int argc, char** argv) {
@@ -130,6 +180,7 @@ int runCommandLine(int argc, char** argv) {
     app.set_version_flag("--version", kVersion);
     app.require_subcommand(0, 1);  // none is an error too, but one with a better message below
     const CLI::App* const renderCommand = addRender(app, typed);
+    const CLI::App* const panelCommand = addPanel(app, typed);
     const CLI::App* const listCommand = addList(app, typed);
     const CLI::App* const infoCommand = addInfo(app, typed);
 
@@ -143,6 +194,8 @@ int runCommandLine(int argc, char** argv) {
     }
     if (renderCommand->parsed()) {
         render(renderOptions(typed, *renderCommand));
+    } else if (panelCommand->parsed()) {
+        showPanel(panelOptions(typed, *panelCommand));
     } else if (listCommand->parsed()) {
         if (typed.listParams == typed.listPrograms) {
             throw UserError("list: say what to list: --params or --programs");
@@ -151,7 +204,7 @@ int runCommandLine(int argc, char** argv) {
     } else if (infoCommand->parsed()) {
         printInfo(typed.infoFile);
     } else {
-        throw UserError("say what to do: render, list or info; --help tells more");
+        throw UserError("say what to do: render, panel, list or info; --help tells more");
     }
     if (std::fflush(stdout) != 0) {
         throw UserError("cannot write to the standard output");

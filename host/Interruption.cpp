@@ -45,4 +45,8 @@ void reportFileSizeLimitAsError() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+void reportLostDisplayAsError() {
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 }  // namespace tessel8::host

@@ -29,4 +29,7 @@ class Interruption {
 /// Makes a limit on the file size an error of the write in place of the end of the program.
 void reportFileSizeLimitAsError();
 
+/// The same for writing to a display that has gone away.
+void reportLostDisplayAsError();
+
 }  // namespace tessel8::host

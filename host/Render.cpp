@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <iterator>
 #include <utility>
 
 #include "AudioReader.h"
@@ -12,30 +11,14 @@
 #include "Levels.h"
 #include "MidiFile.h"
 #include "MidiPlayer.h"
-#include "Parameters.h"
 #include "Plugin.h"
 #include "PluginLocation.h"
-#include "Programs.h"
 #include "Progress.h"
-#include "Store.h"
 #include "Texts.h"
-#include "UserError.h"
 
 namespace tessel8::host {
 
 namespace {
-
-constexpr int kLowestRate = 44100;  // Hz, both of the effect
-constexpr int kHighestRate = 192000;
-
-void checkRate(const AudioReader& reader, const std::filesystem::path& file) {
-    if (reader.sampleRate() < kLowestRate || reader.sampleRate() > kHighestRate) {
-        throw UserError(file.string() + " has a sample rate of " +
-                        std::to_string(reader.sampleRate()) + " Hz; the effect takes " +
-                        std::to_string(kLowestRate) + " to " + std::to_string(kHighestRate) +
-                        " Hz");
-    }
-}
 
 /// The song beside the sound: its messages and its tempo.
 struct Song {
@@ -51,32 +34,6 @@ Song songOf(const RenderOptions& options, int sampleRate) {
     const MidiFile file = readMidiFile(options.midi);
     const TempoMap tempo = tempoMapOf(file, options.tempo.value_or(kUntoldTempo));
     return {tempo, MidiPlayer(file, tempo, sampleRate)};
-}
-
-void chooseProgram(const RenderOptions& options, const Plugin& plugin) {
-    if (options.bank.empty() && !options.program && options.preset.empty()) {
-        return;
-    }
-    Store store(plugin);
-    if (!options.bank.empty()) {
-        store.loadBank(options.bank);
-        store.send(plugin);  // the effect tells the names of its programs
-    }
-    if (options.program) {
-        store.makeCurrent(Programs(plugin).find(*options.program));
-    }
-    if (!options.preset.empty()) {
-        store.loadPreset(options.preset);
-    }
-    store.send(plugin);
-}
-
-std::vector<Setting> parseSettings(const std::vector<std::string>& texts, const Plugin& plugin) {
-    const Parameters parameters(plugin);
-    std::vector<Setting> settings;
-    std::transform(texts.begin(), texts.end(), std::back_inserter(settings),
-                   [&](const std::string& text) { return parameters.parse(text); });
-    return settings;
 }
 
 /// Takes what becomes the output.
@@ -139,14 +96,12 @@ void printSummary(const std::filesystem::path& file, const Output& output, const
 
 void render(const RenderOptions& options) {
     AudioReader reader(options.input);
-    checkRate(reader, options.input);
     const int rate = reader.sampleRate();
 
     Song song = songOf(options, rate);
     Transport transport(std::move(song.tempo));
     Plugin plugin(pluginFile(options.plugin), transport);
-    chooseProgram(options, plugin);
-    const std::vector<Setting> settings = parseSettings(options.settings, plugin);
+    const std::vector<Setting> settings = choose(options.choice, plugin);
 
     const int format = outputFormat(options.output, options.format, reader.format(), rate);
     checkLength(options.output, format, reader.frames() + longestTail(options.tail, rate));

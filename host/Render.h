@@ -2,10 +2,9 @@
 
 #include <filesystem>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "AudioFormat.h"
+#include "ProgramChoice.h"
 #include "Tail.h"
 
 namespace tessel8::host {
@@ -13,13 +12,10 @@ namespace tessel8::host {
 struct RenderOptions {
     std::filesystem::path input;
     std::filesystem::path output;
-    std::filesystem::path plugin;        ///< empty: the effect's own file
-    std::filesystem::path bank;          ///< empty: the effect's own programs
-    std::optional<std::string> program;  ///< number or name
-    std::filesystem::path preset;        ///< empty: none; takes the current program's place
-    std::vector<std::string> settings;   ///< "Name=value", applied in this order
-    std::optional<double> tempo;         ///< BPM, until the MIDI file tells another one
-    std::filesystem::path midi;          ///< empty: none
+    std::filesystem::path plugin;  ///< empty: the effect's own file
+    ProgramChoice choice;
+    std::optional<double> tempo;  ///< BPM, until the MIDI file tells another one
+    std::filesystem::path midi;   ///< empty: none
     TailLength tail;
     int blockFrames = 512;
     SampleFormat format = SampleFormat::floatingPoint;

@@ -1,4 +1,4 @@
-// tessel8: renders files through the effect and tells what the effect says about itself.
+// tessel8: renders files through the effect, shows its panel and tells what it says about itself.
 
 #include <cstdio>
 #include <exception>

@@ -4,7 +4,7 @@
 #   scripts/dependencies.sh build|demo|test ...
 set -euo pipefail
 
-build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev
+build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev libpng-dev
        libxcb1-dev libxcb-shm0-dev libxkbcommon-dev libxkbcommon-x11-dev
        libcairo2-dev libpango1.0-dev fonts-liberation fonts-dejavu-core)
 demo=("${build[@]}" alsa-utils)

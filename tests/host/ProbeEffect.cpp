@@ -2,6 +2,7 @@
 // each, into the file named by TESSEL8_PROBE_LOG. TESSEL8_PROBE_KIND makes it misbehave.
 
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,6 +16,7 @@ namespace {
 
 audioMasterCallback askHost = nullptr;
 AEffect effect{};
+xcb_connection_t* display = nullptr;  // of the panel
 
 bool isKind(const char* kind) {
     return std::strcmp(std::getenv("TESSEL8_PROBE_KIND"), kind) == 0;
@@ -52,7 +54,27 @@ void noteMessages(const VstEvents& events) {
     }
 }
 
+intptr_t openPanel(void* parent) {
+    note("panel opened");
+    display = xcb_connect(nullptr, nullptr);
+    const auto window = xcb_window_t(reinterpret_cast<uintptr_t>(parent));
+    const uint32_t values[] = {0x123456, 0x4 | 0x8};  // presses and releases of buttons
+    xcb_create_window(display, 0, xcb_generate_id(display), window, 0, 0, 40, 30, 0, 1, 0,
+                      XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values);
+    xcb_map_subwindows(display, window);
+    return xcb_flush(display);
+}
+
+void noteClicks() {
+    while (auto* const event =
+               reinterpret_cast<xcb_button_press_event_t*>(xcb_poll_for_event(display))) {
+        note("event ", event->response_type & 0x7F, " at ", event->event_x, " ", event->event_y);
+        std::free(event);
+    }
+}
+
 intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void* ptr, float opt) {
+    static ERect panelSize{0, 0, 30, 40};
     constexpr const char* kNames[] = {"Level", "ZoomDel", "ModeFB", "Odd name"};
     if (opcode == effOpen) {
         note("open");
@@ -69,12 +91,24 @@ intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void*
         noteMessages(*static_cast<const VstEvents*>(ptr));
     } else if (opcode == effGetParamName) {
         std::strcpy(static_cast<char*>(ptr), kNames[index]);
+    } else if (opcode == effEditGetRect) {
+        *static_cast<ERect**>(ptr) = &panelSize;
+    } else if (opcode == effEditOpen) {
+        return openPanel(ptr);
+    } else if (opcode == effEditIdle) {
+        noteClicks();
+    } else if (opcode == effEditClose) {
+        xcb_disconnect(display);
+        note("panel closed");
     }
     return opcode == effGetVstVersion ? kVstVersion : 0;
 }
 
 void process(AEffect*, float** inputs, float** outputs, int32_t frames) {
     noteTime("process " + std::to_string(frames));
+    if (isKind("panel") && std::count(inputs[0], inputs[0] + frames, 0.0F) != 0) {
+        note("process silence");
+    }
     usleep(isKind("slow") ? 10'000 : 0);
     for (int channel = 0; channel < 2; ++channel) {
         std::copy_n(inputs[channel], frames, outputs[channel]);
@@ -108,6 +142,6 @@ extern "C" __attribute__((visibility("default"))) AEffect* VSTPluginMain(
     effect.numParams = 4;
     effect.numInputs = isKind("mono") ? 1 : 2;
     effect.numOutputs = 2;
-    effect.flags = effFlagsCanReplacing;
+    effect.flags = effFlagsCanReplacing | (isKind("panel") ? effFlagsHasEditor : 0);
     return &effect;
 }
