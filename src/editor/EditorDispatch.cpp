@@ -11,7 +11,7 @@ namespace tessel8 {
 namespace {
 
 constexpr int32_t kLastPanelTag = 356;  // above it stand logo, displays and the preset strip
-constexpr int32_t kRangeReadout = 7, kGraphSwitch = 336;
+constexpr int32_t kGraphSwitch = 336;
 constexpr int32_t kFirstBar = 218, kLastBar = 305;
 constexpr int32_t kRangeDown = 306, kRangeUp = 307;
 constexpr int32_t kNoteDown = 308, kNoteUp = 309, kTempoUp = 310, kTempoDown = 311;

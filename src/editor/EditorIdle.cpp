@@ -156,7 +156,7 @@ void Tessel8Editor::moveMeters(uint32_t now) {
     }
     meters.endClips(now);
     meters.pass(now, shown);
-    const auto set = [this](CControl* control, float value) {
+    const auto set = [](CControl* control, float value) {
         if (control) {
             control->setValue(value);
         }
