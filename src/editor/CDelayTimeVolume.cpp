@@ -77,7 +77,7 @@ constexpr Stroke kEight[] = {m(7, 5), l(7, 4), l(6, 3), l(4, 3), l(3, 4), l(3, 5
 constexpr std::array<std::span<const Stroke>, 8> kNumbers{kOne,  kTwo, kThree, kFour,
                                                           kFive, kSix, kSeven, kEight};
 
-/// Whole steps of an axis of `span` steps; a NaN stands at 0.
+/// Pixels from the start of an axis of `span` pixels; a NaN stands at 0.
 float onAxis(float part, int32_t span) {
     return part > 0.0f ? std::min(part, 1.0f) * float(span) : 0.0f;
 }
@@ -120,7 +120,7 @@ CBaseObject* CDelayTimeVolume::newCopy() const {
 }
 
 void CDelayTimeVolume::setTapTime(float time) {
-    stemX = int32_t(onAxis(time, timeSpan) + 0.5f) + axisLeft;
+    stemX = toPixel(onAxis(time, timeSpan)) + axisLeft;
     setDirty();
 }
 

@@ -18,18 +18,10 @@ namespace tessel8 {
 namespace {
 
 constexpr float kWidthDefaults[] = {0.125f, 0.5f, 0.875f};  // reversed, mono, plain stereo
-constexpr float kKnobZoom = 10.0f;
-constexpr float kSwipeZoom = 1.0f;
-constexpr int32_t kSliderMargin = 12;  // pixels at both ends of a delay slider
+constexpr int32_t kSliderMargin = 12;                       // pixels at both ends of a delay slider
 
 CRect rectOf(const PanelPlace& place) {
     return {double(place.left), double(place.top), double(place.right), double(place.bottom)};
-}
-
-template <typename Control>
-Shared<CControl> withZoom(Shared<Control> control, float zoom) {
-    control->setZoomFactor(zoom);
-    return control;
 }
 
 template <typename Control>
@@ -58,18 +50,15 @@ Shared<CControl> make(const PanelRow& row, int32_t i, CNewControlListener& liste
         case ControlKind::QuickKickButton:
             return makeShared<CQuickKickButton>(rect, hearer, tag, height, strip);
         case ControlKind::Knob:
-            return withZoom(
-                makeShared<CNewAnimKnob>(rect, hearer, tag, row.images, height, strip), kKnobZoom);
+            return makeShared<CNewAnimKnob>(rect, hearer, tag, row.images, height, strip);
         case ControlKind::WidthKnob: {
             auto knob = makeShared<CAnimKnob4>(rect, hearer, tag, row.images, height, strip);
             giveWidthDefaults(*knob);
-            return withZoom(std::move(knob), kKnobZoom);
+            return knob;
         }
         case ControlKind::DelaySlider:
-            return withZoom(makeShared<CFocusHorizintalKnob>(rect, hearer, tag, row.images, height,
-                                                             strip, CPoint{}, kSliderMargin,
-                                                             rectOf(kDelaySwipe)),
-                            kSwipeZoom);
+            return makeShared<CFocusHorizintalKnob>(rect, hearer, tag, row.images, height, strip,
+                                                    CPoint{}, kSliderMargin, rectOf(kDelaySwipe));
         case ControlKind::LoopButton:
             return makeShared<CLoopButton>(rect, hearer, tag, strip, row.positions);
         case ControlKind::FeedbackModeButton:
@@ -90,19 +79,16 @@ Shared<CControl> make(const PanelRow& row, int32_t i, CNewControlListener& liste
             return area;
         }
         case ControlKind::Bar:
-            return withZoom(makeShared<CBarAnimKnob>(rect, hearer, tag, row.images, height, strip,
-                                                     CPoint{}, rectOf(kBarSwipe)),
-                            kSwipeZoom);
+            return makeShared<CBarAnimKnob>(rect, hearer, tag, row.images, height, strip, CPoint{},
+                                            rectOf(kBarSwipe));
         case ControlKind::WidthBar: {
             auto bar = makeShared<CBarAnimKnobValue>(rect, hearer, tag, row.images, height, strip,
                                                      CPoint{}, rectOf(kBarSwipe));
             giveWidthDefaults(*bar);
-            return withZoom(std::move(bar), kSwipeZoom);
+            return bar;
         }
         case ControlKind::HorizontalBar:
-            return withZoom(
-                makeShared<CBarHorizintalKnob>(rect, hearer, tag, row.images, height, strip),
-                float(row.positions));
+            return makeShared<CBarHorizintalKnob>(rect, hearer, tag, row.images, height, strip);
         case ControlKind::ColumnHead:
             return makeShared<CInvisableKickButton>(rect, hearer, tag);
         case ControlKind::BigText:

@@ -31,8 +31,7 @@ Digits lfoDigits(float freqMod) {
 Digits noteGlyphs(float note) {
     // Sixteen bands of 1/16, the upper bound included: straight and triplet take turns.
     constexpr int32_t kBands = 16;
-    const int32_t band =
-        std::clamp(truncated(std::ceil(double(note) * kBands)), 1, kBands) - 1;
+    const int32_t band = std::clamp(truncated(std::ceil(double(note) * kBands)), 1, kBands) - 1;
     Digits glyphs;
     glyphs.fill(kGlyphBlank);
     size_t place = glyphs.size();

@@ -81,8 +81,7 @@ void Tessel8Editor::updateStatus(int32_t tag) {
         if (const char* const line = scrollingTexts.nextCredit(clock.now())) {
             small->setText(line);
         }
-    } else if (const StatusText text =
-                   statusText(effectLink, tag, sliderScale.zoom, editParameter);
+    } else if (const StatusText text = statusText(effectLink, tag, sliderScale.zoom, editParameter);
                text.shown) {
         if (text.raw) {
             big->setRawText(text.bigLine);

@@ -18,7 +18,7 @@ class PadPresses {
     /// Calls `action(down, tick)` for every press in the order in which they came.
     template <typename Action>
     void take(Action action) {
-        for (; ; read = (read + 1) % kRoom) {
+        for (;; read = (read + 1) % kRoom) {
             const uint64_t press = slots[read].exchange(0, std::memory_order_acquire);
             if (press == 0) {
                 return;

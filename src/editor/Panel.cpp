@@ -91,8 +91,8 @@ void Panel::make(const PanelRow& row, int32_t i, CNewControlListener& listener,
 }
 
 CControl* Panel::find(int32_t tag, int32_t strip, int32_t nth) const {
-    const auto at = strip != 0 ? byTagAndStrip.find({tag, strip})
-                               : byTagAndStrip.lower_bound({tag, 0});
+    const auto at =
+        strip != 0 ? byTagAndStrip.find({tag, strip}) : byTagAndStrip.lower_bound({tag, 0});
     if (at == byTagAndStrip.end() || std::get<0>(at->first) != tag ||
         nth >= int32_t(at->second.size())) {
         return nullptr;

@@ -16,18 +16,17 @@ struct Part {
 constexpr Part kBigText{419}, kSmallText{420}, kRuler{7, 162};
 
 // On the panel in panel mode only, behind texts and bars; the small tap switches stand between.
-constexpr Part kKeysAndScales[] = {{4},        {425},      {332},         {333},        {334},
-                                   {335},      {426, 190}, {426, 153, 0}, {426, 153, 1}};
+constexpr Part kKeysAndScales[] = {{4},   {425},      {332},         {333},        {334},
+                                   {335}, {426, 190}, {426, 153, 0}, {426, 153, 1}};
 constexpr int32_t kFirstTapSwitch = 176, kFirstTapSwitchStrip = 145;
 constexpr Part kMeters[] = {{424},      {423},      {328, 163},    {328, 178, 0}, {328, 178, 1},
                             {328, 166}, {328, 165}, {328, 164, 0}, {328, 164, 1}};
 
 // Share the ground with what comes and goes, so they are painted anew.
 constexpr Part kNeighbours[] = {
-    {426, 170},    {336},         {6, 185, 0}, {6, 185, 1}, {6, 185, 2}, {6, 185, 3},
-    {308},         {309},         {6},         {5, 185, 0}, {5, 185, 1}, {5, 185, 2},
-    {5, 185, 3},   {311},         {310},       {5},         {331},       {329},
-    {330},         {306},         {307},       {7, 157},
+    {426, 170}, {336},       {6, 185, 0}, {6, 185, 1}, {6, 185, 2}, {6, 185, 3}, {308}, {309},
+    {6},        {5, 185, 0}, {5, 185, 1}, {5, 185, 2}, {5, 185, 3}, {311},       {310}, {5},
+    {331},      {329},       {330},       {306},       {307},       {7, 157},
 };
 
 constexpr float kScaleImages = 21.0f;  // the last of the strip's 22

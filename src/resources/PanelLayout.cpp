@@ -127,8 +127,8 @@ constexpr PanelRow kPanel[] = {
     {.tag = 11, .kind = ControlKind::Movie, .place = {606, 67, 611, 74}, .strip = 185, .images = 100},
     {.tag = 11, .kind = ControlKind::Movie, .place = {612, 67, 617, 74}, .strip = 185, .images = 100},
     {.tag = 11, .kind = ControlKind::DragArea, .place = {576, 67, 633, 86}, .standard = 0.5f, .wheelScale = 0.025f},  // FreqMod drag area
-    {.tag = 12, .kind = ControlKind::HorizontalBar, .place = {568, 96, 641, 108}, .strip = 182, .images = 37, .standard = 0.5f, .positions = 10},  // PhaseMod
-    {.tag = 14, .kind = ControlKind::HorizontalBar, .place = {568, 119, 641, 131}, .strip = 183, .images = 37, .standard = 0.5f, .positions = 10},  // SpeedEF
+    {.tag = 12, .kind = ControlKind::HorizontalBar, .place = {568, 96, 641, 108}, .strip = 182, .images = 37, .standard = 0.5f},  // PhaseMod
+    {.tag = 14, .kind = ControlKind::HorizontalBar, .place = {568, 119, 641, 131}, .strip = 183, .images = 37, .standard = 0.5f},  // SpeedEF
     {.tag = 13, .kind = ControlKind::LoopButton, .place = {615, 134, 642, 145}, .strip = 186, .images = 10, .standard = 0.0f, .positions = 10},  // SourceEF
 
     // texts, ranges and graph

@@ -65,9 +65,8 @@ struct PanelRow {
     int32_t count = 1;
     int32_t stepX = 0, stepY = 0;  ///< from one to the next
     int32_t stripStep = 0;         ///< 1 where each has a picture of its own
-    /// Positions of a switch, states of a loop button, or the zoom factor of a horizontal bar.
-    int32_t positions = 0;
-    float wheelScale = 0.0f;  ///< of a drag area
+    int32_t positions = 0;         ///< of a switch, or states of a loop button
+    float wheelScale = 0.0f;       ///< of a drag area
 
     constexpr PanelPlace placeOf(int32_t i) const {
         return {place.left + i * stepX, place.top + i * stepY, place.right + i * stepX,

@@ -140,7 +140,7 @@ struct FakeStrip {
             file[54 + 4 * colour] = uint8_t(colour);
         }
         for (int32_t image = images - 1; image >= 0; --image) {
-            file.insert(file.end(), size_t(width * imageHeight), uint8_t(image));
+            file.insert(file.end(), size_t(width) * size_t(imageHeight), uint8_t(image));
         }
         bitmap = makeShared<CBitmap>(std::span<const uint8_t>(file));
     }

@@ -74,9 +74,10 @@ TEST(Buttons, TellAndShowWhatTheyShould) {
     for (const auto& [control, rows] : kCases) {
         panel.frame->addView(control.get());
         control->invalid();
+        const CControl& view = *control;
         for (const Row& row : rows) {
-            EXPECT_EQ(panel.act(row.gesture), row.told) << typeid(*control).name() << row.gesture;
-            EXPECT_EQ(panel.pixelAt(0, 0), row.image) << typeid(*control).name() << row.gesture;
+            EXPECT_EQ(panel.act(row.gesture), row.told) << typeid(view).name() << row.gesture;
+            EXPECT_EQ(panel.pixelAt(0, 0), row.image) << typeid(view).name() << row.gesture;
         }
         panel.frame->removeView(control.get(), false);
     }
