@@ -2,12 +2,8 @@
 
 // The whole effect with its panel on a window worked by hand, and settings of the test's own.
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "editor/Tessel8Editor.h"
 #include "shell/Tessel8.h"
@@ -19,16 +15,9 @@ namespace tessel8 {
 namespace fs = std::filesystem;
 
 inline std::string contentsOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-inline Bytes bytesOf(const std::string& text) {
-    return {text.begin(), text.end()};
-}
-
-inline void write(const fs::path& file, const Bytes& bytes) {
-    std::ofstream(file, std::ios::binary) << std::string(bytes.begin(), bytes.end());
+    std::ostringstream contents;
+    contents << std::ifstream(file, std::ios::binary).rdbuf();
+    return contents.str();
 }
 
 /// Opens nothing and lets the test give the answers.
@@ -37,60 +26,57 @@ struct AnsweringWindow : FakeWindow {
     struct Piece : LineEdit, PopupMenu, Dialog {
         std::string text() const override { return {}; }
     };
+    using MenuEnd = std::function<void(int32_t)>;
+    using Ended = std::function<void()>;
     std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings&, TextEnd end) override {
         return endText = std::move(end), std::make_unique<Piece>();
     }
-    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings& s,
-                                             std::function<void(int32_t)> end) override {
+    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings& s, MenuEnd end) override {
         return menu = s, endMenu = std::move(end), std::make_unique<Piece>();
     }
     std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings& s, TextEnd end) override {
-        return title = s.title, endText = std::move(end), std::make_unique<Piece>();
+        return told = s.title, endText = std::move(end), std::make_unique<Piece>();
     }
-    std::unique_ptr<Dialog> openMessage(const std::string& heading, const std::string& text,
-                                        std::function<void()>) override {
-        return messages += heading + "|" + text + ";", std::make_unique<Piece>();
+    std::unique_ptr<Dialog> openMessage(const std::string& head, const std::string& text,
+                                        Ended) override {
+        return told = head + "|" + text, std::make_unique<Piece>();
     }
     void takeKeyboardFocus() override { ++focusTaken; }
 
-    std::string title, messages;
+    std::string told;  ///< the title of the last dialog, or the last message
     PopupMenuSettings menu;
     TextEnd endText;
-    std::function<void(int32_t)> endMenu;
+    MenuEnd endMenu;
     int focusTaken = 0;
 };
 
-/// An instance with its panel open. Places on the strip are told by their x.
+/// Where the strip's controls lie, from the left.
+constexpr int32_t kSaveBank = 45, kBankLabel = 70, kLoadBank = 96, kSavePreset = 125,
+                  kPresetLabel = 157, kLoadPreset = 188, kField = 250, kList = 350, kDown = 368,
+                  kUp = 390, kStoreA = 421, kRecallA = 454, kRecallB = 519, kFocus = 847,
+                  kManual = 862;
+
+/// An instance with its panel open.
 struct Instance {
-    static constexpr int32_t kSaveBank = 45, kBankLabel = 70, kLoadBank = 96, kSavePreset = 125,
-                             kPresetLabel = 157, kLoadPreset = 188, kField = 250, kList = 350,
-                             kDown = 368, kUp = 390, kStoreA = 421, kRecallA = 454, kRecallB = 519,
-                             kFocus = 847, kManual = 862;
     struct Editor : Tessel8Editor {
         using Tessel8Editor::Tessel8Editor;
         Shared<NewFrame> makeFrame(void*) override {
-            const auto makeWindow = [this](WindowListener& listener) {
-                auto made = std::make_unique<AnsweringWindow>(listener);
-                window = made.get();
-                return made;
+            const auto make = [this](WindowListener& listener) {
+                return std::unique_ptr<Window>(window = new AnsweringWindow(listener));
             };
-            return makeShared<NewFrame>(CRect{0, 0, 870, 565}, makeWindow, this, clock);
+            return makeShared<NewFrame>(CRect{0, 0, 870, 565}, make, this, clock);
         }
         AnsweringWindow* window = nullptr;
     };
-
     Instance() { editor.open(nullptr); }
-    AnsweringWindow& window() { return *editor.window; }
-    void press(int32_t x, uint32_t buttons = mouse::kLeft, int32_t y = 556) {
-        window().listener.mouseDown({x, y, buttons});
-    }
+
     void click(int32_t x, uint32_t buttons = mouse::kLeft, int32_t y = 556) {
-        press(x, buttons, y);
-        window().listener.mouseUp({x, y, buttons});
+        editor.window->listener.mouseDown({x, y, buttons});
+        editor.window->listener.mouseUp({x, y, buttons});
     }
-    void choose(int32_t key, const fs::path& file, uint32_t buttons = mouse::kLeft) {
-        click(key, buttons);
-        window().endText(file);
+    void choose(int32_t x, const fs::path& file, uint32_t buttons = mouse::kLeft, int32_t y = 556) {
+        click(x, buttons, y);
+        editor.window->endText(file);
     }
     template <typename Control>
     Control& at(int32_t x) {
@@ -111,15 +97,11 @@ struct Instance {
 };
 
 struct PresetTest : testing::Test {
-    PresetTest() {
-        std::string pattern = fs::temp_directory_path() / "tessel8-XXXXXX";
-        home = mkdtemp(pattern.data());
-        setenv("XDG_CONFIG_HOME", home.c_str(), 1);
-        settings = home / "Vantor-audio/Vantor Tessel Echo";
-    }
     ~PresetTest() override { fs::remove_all(home); }
-
-    fs::path home, settings;
+    std::string pattern = fs::temp_directory_path() / "tessel8-XXXXXX";
+    const fs::path home = mkdtemp(pattern.data());
+    const fs::path settings = home / "Vantor-audio/Vantor Tessel Echo";
+    const int isSet = setenv("XDG_CONFIG_HOME", home.c_str(), 1);
 };
 
 }  // namespace tessel8

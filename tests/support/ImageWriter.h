@@ -43,6 +43,7 @@ struct ImageWriter {
     ImageWriter& program(uint32_t index, const std::string& text) {
         return word(0).word(156).word(index).name(text).zeros(132);
     }
+    std::string text() const { return {bytes.begin(), bytes.end()}; }
     ImageWriter& value(uint32_t program, uint32_t index, float v) {
         return word(1).word(20).word(program).word(index).zeros(8).number(v).zeros(4);
     }
