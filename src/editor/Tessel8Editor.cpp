@@ -37,10 +37,10 @@ Shared<NewFrame> Tessel8Editor::makeFrame(void* parent) {
 
 bool Tessel8Editor::open(void* parent) {
     close();
-    AEffGUIEditor::open(parent);
+    CPresetSystemEditor::open(parent);
     const Shared<NewFrame> made = makeFrame(parent);
     if (!made || !made->isOpen()) {
-        AEffGUIEditor::close();
+        CPresetSystemEditor::close();
         return false;
     }
     frame = made;
@@ -50,7 +50,7 @@ bool Tessel8Editor::open(void* parent) {
     panel = std::make_unique<Panel>(*frame, *this, effectLink);
     lastMidiChange = clock.now() - kLongAgoMs;
     showAll();
-    CPresetSystemEditor::open(parent);
+    openStrip();
     setKnobMode(kLinearMode);
     setGraphMode(graphMode);
     hoverTag = -1;

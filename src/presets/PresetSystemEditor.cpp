@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <filesystem>
 
 #include "platform/OpenDocument.h"
@@ -28,7 +29,7 @@ CPresetSystemEditor::~CPresetSystemEditor() {
     }
 }
 
-bool CPresetSystemEditor::open(void* /*parent*/) {
+bool CPresetSystemEditor::openStrip() {
     if (!frame || !store) {
         return false;
     }
@@ -159,7 +160,7 @@ void CPresetSystemEditor::chooseFromList(float value) {
     if (store->storeRevision() != seenRevision) {
         refreshPrograms();  // the titles are older than the store
     }
-    const auto index = int32_t(value + 0.5f);
+    const auto index = int32_t(std::lround(value));
     if (const std::string* const title = presetStrip->programList()->getEntry(index)) {
         const std::string name = *title;
         store->selectProgram(index);

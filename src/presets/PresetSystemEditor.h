@@ -22,8 +22,6 @@ class CPresetSystemEditor : public AEffGUIEditor, public CNewControlListener {
                         TickClock& tickClock = TickClock::system());
     ~CPresetSystemEditor() override;
 
-    /// Puts the strip onto the frame; false without a frame or a store.
-    bool open(void* parent) override;
     void close() override;
     /// Also shows what has become of the store on other threads.
     void idle() override;
@@ -60,6 +58,8 @@ class CPresetSystemEditor : public AEffGUIEditor, public CNewControlListener {
     virtual void readPathSettings();
 
   protected:
+    /// Puts the strip onto the frame; false without a frame or a store.
+    bool openStrip();
     /// The keyboard focus switch has changed, or the window opens.
     virtual void setKeyboardFocus(bool /*takesFocus*/) {}
 

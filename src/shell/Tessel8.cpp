@@ -31,7 +31,7 @@ Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
     canProcessReplacing(true);
     setUniqueID(kUniqueId);
     parameters.connect(this, this);
-    finishConstruction();
+    Tessel8::finishConstruction();
     selectProgram(0);
 }
 
