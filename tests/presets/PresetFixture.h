@@ -97,11 +97,11 @@ struct Instance {
 };
 
 struct PresetTest : testing::Test {
+    PresetTest() { setenv("XDG_CONFIG_HOME", home.c_str(), 1); }
     ~PresetTest() override { fs::remove_all(home); }
     std::string pattern = fs::temp_directory_path() / "tessel8-XXXXXX";
     const fs::path home = mkdtemp(pattern.data());
     const fs::path settings = home / "Vantor-audio/Vantor Tessel Echo";
-    const int isSet = setenv("XDG_CONFIG_HOME", home.c_str(), 1);
 };
 
 }  // namespace tessel8
