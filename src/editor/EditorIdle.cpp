@@ -23,6 +23,7 @@ constexpr float kHostLeads = 0.9f;  // `TimeMode` above it
 
 void Tessel8Editor::idle() {
     takeOverChanges();
+    storeMidiChanges();
     CPresetSystemEditor::idle();
     if (!panel || !isOpen()) {
         return;
