@@ -66,7 +66,8 @@ JackClient::JackClient(const std::string& name, LiveEffect& effect)
 }
 
 jack_client_t* JackClient::open(const std::string& name) const {
-    checkName(name, size_t(jack_.clientNameSize()) - 1);  // it counts the 0 at the end
+    // Without the 0 at the end, and without one more that jackd2 counts but does not take.
+    checkName(name, size_t(jack_.clientNameSize()) - 2);
     jack_.setErrorFunction(keepSilent);
     jack_.setInfoFunction(keepSilent);
     jack_status_t status{};
