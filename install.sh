@@ -64,8 +64,8 @@ build() {
     fi
     log=$(mktemp)
     # What a step prints is of interest only where it fails.
-    if ! { cmake --preset release "${options[@]}" && cmake --build build --target "${targets[@]}"; } \
-        >"$log" 2>&1; then
+    if ! cmake --preset release "${options[@]}" >"$log" 2>&1 ||
+        ! cmake --build build --target "${targets[@]}" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         exit 1

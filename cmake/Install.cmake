@@ -1,6 +1,6 @@
 # What `cmake --install` puts where, and the Debian package made of it.
 
-# On Debian hosts look in /usr/lib/vst and /usr/local/lib/vst, beside the folder of the architecture.
+# On Debian hosts look in /usr/lib/vst and /usr/local/lib/vst, not in the architecture's folder.
 set(CMAKE_INSTALL_DOCDIR "share/doc/tessel8" CACHE PATH "Folder of the manual")
 include(GNUInstallDirs)
 if(EXISTS /etc/debian_version)
@@ -63,7 +63,7 @@ endfunction()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tessel8)
-set(CPACK_PACKAGE_CONTACT "The Tessel8 authors <tessel8@localhost>")
+set(CPACK_PACKAGE_CONTACT "The Tessel8 authors <maintainers@tessel8.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_CMAKE_PROJECTS
   "${PROJECT_BINARY_DIR};${PROJECT_NAME};main;/;${PROJECT_BINARY_DIR};${PROJECT_NAME};debian;/")
@@ -75,15 +75,16 @@ set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "ardour | qtractor | audacity, zenity | kdialog")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "eight-tap stereo delay effect (VST 2.4)
- Vantor Tessel Echo has eight taps, each with a stereo delay line of its own
- of up to eight seconds, with level, width, balance, filter, saturation,
- reverb send and feedback. A master feedback path runs through all of them,
- in one of three topologies. Delays stand in milliseconds or on a grid of note
- values at the effect's own tempo or the host's; an LFO and an envelope
- follower move the filters.
- .
- The package holds the plug-in for hosts such as Ardour, Qtractor and
- Audacity, the command-line host tessel8, which renders files through the
- effect, and the manual.")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "eight-tap stereo delay effect (VST 2.4)")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Vantor Tessel Echo has eight taps, each with a stereo delay line of its own
+of up to eight seconds, with level, width, balance, filter, saturation,
+reverb send and feedback. A master feedback path runs through all of them,
+in one of three topologies. Delays stand in milliseconds or on a grid of note
+values at the effect's own tempo or the host's; an LFO and an envelope
+follower move the filters.
+
+The package holds the plug-in for hosts such as Ardour, Qtractor and
+Audacity, the command-line host tessel8, which renders files through the
+effect, and the manual.")
 include(CPack)

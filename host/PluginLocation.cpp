@@ -34,7 +34,7 @@ fs::path pluginFile(const fs::path& chosen) {
     std::string tried;
     for (const fs::path& folder : folders()) {
         std::error_code error;
-        const fs::path candidate = folder / kPluginName;
+        fs::path candidate = folder / kPluginName;
         if (fs::is_regular_file(candidate, error)) {
             return candidate;
         }

@@ -18,7 +18,15 @@ _tessel8() {
         --tail) mapfile -t COMPREPLY < <(compgen -W "silent" -- "$word"); return ;;
         --program | --tempo | --block | --click | --seconds) return ;;
     esac
-    if [[ $previous != --?* && $word == -* || -z $command ]]; then
+    # What is completed without a dash: files, but neither the panel nor a list is of one.
+    local on_files=true
+    case $command in
+        "" | panel | list) on_files= ;;
+    esac
+    case $previous in
+        --bank | --preset | --plugin | --midi | --input | --screenshot) on_files=true ;;
+    esac
+    if [[ -z $on_files || $word == -* ]]; then
         local words="--help --version render panel list info programs convert"
         case $command in
             render) words="$common $choice --tempo --midi --tail --block --format" ;;

@@ -27,12 +27,12 @@ mv "$prefix/usr" "$prefix/moved"
 cd "$prefix/moved"
 (($(bin/tessel8 list --params | wc -l) == 216)) || fail "the installed plug-in does not answer"
 
-# ~/.vst is used where there is no other, and only then.
+# The user's .vst is used where there is no other, and only then.
 mkdir -p "$HOME/.vst"
 echo "not a plug-in" >"$HOME/.vst/VantorTesselEcho.so"
-bin/tessel8 list --params >/dev/null || fail "~/.vst was preferred"
+bin/tessel8 list --params >/dev/null || fail "the user's .vst was preferred"
 mv "$plugin" "$HOME/.vst/"
-(($(bin/tessel8 list --params | wc -l) == 216)) || fail "~/.vst was not searched"
+(($(bin/tessel8 list --params | wc -l) == 216)) || fail "the user's .vst was not searched"
 rm -r "$HOME/.vst"
 said=$(bin/tessel8 list --params 2>&1) && fail "worked without a plug-in"
 for place in "$PWD/bin/VantorTesselEcho.so" "$PWD/$plugin" "$HOME/.vst/VantorTesselEcho.so"; do
