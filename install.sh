@@ -65,7 +65,7 @@ build() {
     log=$(mktemp)
     # What a step prints is of interest only where it fails.
     if ! cmake --preset release "${options[@]}" >"$log" 2>&1 ||
-        ! cmake --build build --target "${targets[@]}" >"$log" 2>&1; then
+        ! cmake --build build --target "${targets[@]}" -- --quiet >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         exit 1
