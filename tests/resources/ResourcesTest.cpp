@@ -53,26 +53,22 @@ double luminance(uint32_t colour) {
 }  // namespace
 
 TEST(Pictures, HaveTheirSizesAndShowNoSeamWhereverTheyStand) {
-    const Picture panel = decoded(paint::kBackground);
+    const Picture panel = decoded(kBackgroundPicture);
     ASSERT_EQ(panel.pixels.size(), 870u * 565u);
     for (const Strip& entry : paint::stripTable()) {
         const Picture strip = decoded(entry.number);
         ASSERT_EQ(strip.width, entry.width) << entry.number;
         ASSERT_EQ(strip.height, entry.height * entry.images) << entry.number;
-        for (const paint::Place& place : entry.places) {
-            for (int32_t i = 0; i < place.count && !entry.ownRim; ++i) {
-                const int32_t left = place.left + i * place.stepX,
-                              top = place.top + i * place.stepY;
-                int32_t largest = 0;
-                for (int32_t at = 0; at < int32_t(strip.pixels.size()); ++at) {
-                    const int32_t x = at % entry.width, row = at / entry.width % entry.height;
-                    if (x % (entry.width - 1) == 0 || row % (entry.height - 1) == 0) {
-                        const uint32_t ground = panel.at(left + x, top + row);
-                        largest = std::max(largest, difference(strip.pixels[at], ground));
-                    }
+        for (const paint::Box& place : entry.places) {
+            int32_t largest = 0;
+            for (int32_t at = 0; at < int32_t(strip.pixels.size()) && !entry.ownRim; ++at) {
+                const int32_t x = at % entry.width, row = at / entry.width % entry.height;
+                if (x % (entry.width - 1) == 0 || row % (entry.height - 1) == 0) {
+                    const uint32_t ground = panel.at(place.left + x, place.top + row);
+                    largest = std::max(largest, difference(strip.pixels[at], ground));
                 }
-                EXPECT_LE(largest, 6) << entry.number << " at " << left << ", " << top;
             }
+            EXPECT_LE(largest, 6) << entry.number << " at " << place.left << ", " << place.top;
         }
     }
 }
@@ -94,7 +90,7 @@ TEST(Pictures, TellEveryStepFromTheOneBeforeAndEveryLetterFromAllOthers) {
 }
 
 TEST(Captions, OfTheColumnsAreHighAndClear) {
-    const Picture panel = decoded(paint::kBackground);
+    const Picture panel = decoded(kBackgroundPicture);
     for (const int32_t left : {26, 81, 103, 130, 161, 200, 346, 490, 514, 547, 582, 617, 655, 676,
                                695, 728, 757, 789, 816}) {
         int32_t rows = 0;

@@ -9,7 +9,7 @@ namespace tessel8::paint {
 
 namespace {
 
-constexpr int32_t kFieldLeft = 20, kFieldRight = 850, kFirstRow = 192;
+constexpr int32_t kFieldLeft = 20, kFieldRight = 850;
 constexpr double kBrushing = 0.055;  // opacity of the strongest streak
 constexpr int32_t kFeedbackTop = 480, kFeedbackBottom = 532;
 
