@@ -22,9 +22,9 @@ struct ToggleRow {
 };
 
 const ToggleRow kToggles[] = {
-    {141, "FB", kAmber}, {194, "~", kMint},  {198, "ON", kCoral}, {204, "PRE", kCoral},
-    {203, "", kViolet},  {201, "", kIce},    {240, "", kAmber},   {142, "", kRose},
-    {210, "", kAmber},   {193, "~", kAmber}, {199, "", kCoral},   {208, "ON", kViolet, 8},
+    {141, "FB", kAmber}, {194, "~", kMint}, {198, "ON", kCoral}, {204, "PRE", kCoral},
+    {203, "", kViolet},  {201, "", kIce},   {240, "", kAmber},   {142, "", kRose},
+    {210, "", kAmber},   {193, "", kAmber}, {199, "", kCoral},   {208, "ON", kViolet, 8},
 };
 
 struct TwoWayRow {
@@ -64,15 +64,10 @@ void drawLamp(const Canvas& canvas, const Box& box, bool on, Colour colour) {
         canvas.fill(on ? kInk : kWell);
         return;
     }
-    canvas.rounded(x - 4, y - 8, 8, 16, 2.5);
-    canvas.fill(on ? mix(colour, kBlack, 0.35) : kWell);
-    if (on) {
-        canvas.rounded(x - 3, y - 7, 6, 14, 2);
-        canvas.fill(mix(colour, kWhite, 0.85));
-    } else {
-        canvas.rounded(x - 3, y - 7, 6, 14, 2);
-        canvas.fill(mix(colour, kWell, 0.78));
-    }
+    canvas.rounded(x - 2.5, y - 8, 5, 16, 2.5);
+    canvas.fill(on ? mix(colour, kBlack, 0.25) : kWell);
+    canvas.rounded(x - 2, y - 7.5, 4, 15, 2);
+    canvas.fill(on ? mix(colour, kWhite, 0.9) : mix(colour, kWell, 0.78));
 }
 
 }  // namespace
