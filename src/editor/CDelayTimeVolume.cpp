@@ -4,11 +4,13 @@
 #include <array>
 #include <span>
 
+#include "widgets/DisplayColours.h"
+
 namespace tessel8 {
 
 namespace {
 
-constexpr CColor kDark{62, 89, 78, 255}, kLight{142, 205, 177, 255};
+constexpr CColor kDark = kDisplayGround, kLight = kDisplayLight;
 
 constexpr int32_t kBottomMargin = 2;
 constexpr int32_t kFootHeight = kBottomMargin + 1;  ///< from the axis to the view's lower edge

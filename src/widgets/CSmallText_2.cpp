@@ -1,5 +1,6 @@
 #include "widgets/CSmallText_2.h"
 
+#include "widgets/DisplayColours.h"
 #include "widgets/TextSheets.h"
 
 namespace tessel8 {
@@ -41,9 +42,13 @@ void CSmallText_2::setGlyphSheet(CBitmap* sheet) {
 void CSmallText_2::draw(CDrawContext& context) {
     if (!offscreen) {
         offscreen = COffscreenContext::create(getFrame(), size.width(), size.height());
-    }
-    if (!offscreen) {
-        return;
+        if (!offscreen) {
+            return;
+        }
+        // The glyphs leave a column free between them.
+        offscreen->setFrameColor(kDisplayGround);
+        offscreen->setFillColor(kDisplayGround);
+        offscreen->drawRect({0.0, 0.0, size.width(), size.height()}, RectStyle::FilledAndStroked);
     }
     for (size_t i = 0; i < kCells && glyphSheet && shown[i]; ++i) {
         const int32_t x = kPitch * int32_t(i);

@@ -104,7 +104,7 @@ struct EditorTest : testing::Test {
     /// Lets time pass in idle passes of 20 ms.
     void wait(int32_t milliseconds) {
         for (; milliseconds > 0; milliseconds -= 20) {
-            clock.tick += 20;
+            clock.tick = clock.tick + 20;
             editor.idle();
         }
     }

@@ -247,7 +247,7 @@ TEST_F(EditorTest, TheTapPadSetsDelaysOrTheTempo) {
     effect.parameters.apply(4, 0.0f);
     tap();
     for (int32_t n = 1; n <= 10; ++n) {
-        clock.tick += 250;
+        clock.tick = clock.tick + 250;
         tap();
     }
     for (int32_t n = 1; n <= 8; ++n) {
@@ -259,11 +259,11 @@ TEST_F(EditorTest, TheTapPadSetsDelaysOrTheTempo) {
     tap();
     EXPECT_EQ(effect.appliedValue(382), 120.0f);
     for (int n = 0; n < 3; ++n) {
-        clock.tick += 400;
+        clock.tick = clock.tick + 400;
         tap();
     }
     EXPECT_NEAR(effect.appliedValue(382), 150.0f, 1e-3f);
-    clock.tick += 100000;
+    clock.tick = clock.tick + 100000;
     tap();
     EXPECT_NEAR(effect.appliedValue(382), 150.0f, 1e-3f) << "too slow to count";
     wait(2040);

@@ -15,9 +15,9 @@ namespace tessel8 {
 
 struct FakeClock : TickClock {
     uint32_t now() const override { return tick; }
-    void sleep(uint32_t milliseconds) override { tick += milliseconds; }
+    void sleep(uint32_t milliseconds) override { tick = tick + milliseconds; }
 
-    uint32_t tick = 1000;
+    Relaxed<uint32_t> tick = 1000;
 };
 
 struct FakeWindow : Window {

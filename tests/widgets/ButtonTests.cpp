@@ -99,7 +99,7 @@ TEST(Rocker, SpringsBackTwoHundredMillisecondsAfterTheLastTurn) {
     const auto rocker = panel.add<CVTRockerSwitch>(kPlace, &panel, 9, 20, nullptr);
     const auto turn = [&](const char* script, uint32_t milliseconds) {
         const std::string atOnce = panel.act(script);
-        panel.clock.tick += milliseconds;
+        panel.clock.tick = panel.clock.tick + milliseconds;
         panel.frame->idle();
         return atOnce + "|" + panel.act("");
     };
