@@ -29,6 +29,11 @@ constexpr Caption upTo(double right, double y, const char* word, TextStyle style
     style.align = Align::kRight;
     return {right, y, word, style};
 }
+constexpr Caption between(double left, double right, double y, const char* word,
+                          TextStyle style = {}) {
+    style.align = Align::kLeft;
+    return {left, y, word, style, right};
+}
 
 const Caption kCaptions[] = {
     // Above the display.
@@ -36,14 +41,14 @@ const Caption kCaptions[] = {
     {493, 20, "TAP EDIT", {.spacing = 0.6}},
     {605, 20, "MODULATION", {.colour = kRose, .spacing = 0.6}},
     // Master, reverb and tap pad.
-    {113, 51, "VANTOR", {}, 197},
-    {70.5, 107, "INPUT"},
-    {121, 107, "MIX"},
-    {170, 107, "OUTPUT"},
-    // Over the middle of their scales: unity gain, and as much of the echoes as of the input.
-    {70.5, 117, "0 dB", {.colour = kQuiet}},
-    {121, 117, "50%", {.colour = kQuiet}},
-    {170, 117, "0 dB", {.colour = kQuiet}},
+    between(113, 197, 51, "VANTOR"),
+    {70.5, 106, "INPUT"},
+    {121, 106, "MIX"},
+    {170, 106, "OUTPUT"},
+    // Over the middle of their scales: unity gain, and half of the echoes.
+    {70.5, 117, "0", {.colour = kQuiet}},
+    {121, 117, "50", {.colour = kQuiet}},
+    {170, 117, "0", {.colour = kQuiet}},
     {704, 67, "SETS"},
     fitted(772, 121, "DAMP", 34),
     fitted(810, 121, "MIX", 34),
@@ -113,9 +118,9 @@ const Caption kCaptions[] = {
     {502.5, kTitleLine, "MEMO"},
     {438, kStripLine + 1, "A", {.capHeight = 8}},
     {502.5, kStripLine + 1, "B", {.capHeight = 8}},
-    {620, kStripLine, "VANTORAUDIO", {.colour = kQuiet}, 750},
+    between(620, 750, kStripLine, "VANTORAUDIO", {.colour = kQuiet}),
     upTo(838, kStripLine, "KEYBOARD"),
-    fitted(859.5, kTitleLine, "HELP", 18),
+    fitted(859, kTitleLine, "HELP", 17),
 };
 
 const Section kSections[] = {

@@ -19,12 +19,12 @@ void drawStripKey(const Canvas& canvas, double left, double top, double width, d
             touch == Touch::kPressed ? KeyState::kLit : KeyState::kOff, kField);
     if (touch == Touch::kHover) {
         canvas.rounded(left + 1, top + 1, width - 2, height - 2, 2);
-        canvas.fill(kField.withAlpha(0.28));
+        canvas.fill(kField.withAlpha(0.25));
     }
 }
 
 Colour inkOf(Touch touch) {
-    return touch == Touch::kPressed ? kFieldInk : kCaption;
+    return touch == Touch::kPressed ? kFieldInk : touch == Touch::kHover ? kWhite : kCaption;
 }
 
 Touch touchOf(const Image& image) {
