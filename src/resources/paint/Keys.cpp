@@ -59,15 +59,19 @@ void drawLabel(const Canvas& canvas, const std::string& text, const Box& box, do
 /// The lamp of a key without a word: a bar on a tall key, a dot on a small one.
 void drawLamp(const Canvas& canvas, const Box& box, bool on, Colour colour) {
     const double x = box.centreX(), y = box.centreY();
+    const Colour edge = on ? mix(colour, kBlack, 0.25) : kWell;
+    const Colour light = on ? mix(colour, kWhite, 0.9) : mix(colour, kWell, 0.78);
     if (box.height() < 20) {
-        canvas.circle(x, y, 2.3);
-        canvas.fill(on ? kInk : kWell);
+        canvas.circle(x, y, 2.6);
+        canvas.fill(edge);
+        canvas.circle(x, y, 1.9);
+        canvas.fill(light);
         return;
     }
     canvas.rounded(x - 2.5, y - 8, 5, 16, 2.5);
-    canvas.fill(on ? mix(colour, kBlack, 0.25) : kWell);
+    canvas.fill(edge);
     canvas.rounded(x - 2, y - 7.5, 4, 15, 2);
-    canvas.fill(on ? mix(colour, kWhite, 0.9) : mix(colour, kWell, 0.78));
+    canvas.fill(light);
 }
 
 }  // namespace
