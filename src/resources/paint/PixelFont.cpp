@@ -17,9 +17,11 @@ const char* dotsOf(char code) {
 
 void drawDots(const Canvas& canvas, const char* dots, int32_t width, int32_t left, int32_t top,
               Colour colour) {
-    for (int32_t i = 0; i < width * kPixelHeight; ++i) {
-        if (dots[i] == '#') {
-            canvas.rectangle(left + i % width, top + i / width, 1, 1);
+    for (int32_t y = 0; y < kPixelHeight; ++y) {
+        for (int32_t x = 0; x < width; ++x) {
+            if (dots[y * width + x] == '#') {
+                canvas.rectangle(left + x, top + y, 1, 1);
+            }
         }
     }
     canvas.fill(colour);
