@@ -1,5 +1,5 @@
 // What an open panel costs a host that only gives it its idle time: one pass in which nothing has
-// changed, with the pointer on a control and with none. Such a pass asks for no repaint.
+// changed, with the pointer on a control and with none. Such a pass asks the server for nothing.
 
 #include <benchmark/benchmark.h>
 
@@ -7,40 +7,19 @@
 
 #include "editor/Tessel8Editor.h"
 #include "parameters/Parameters.h"
+#include "tests/support/FakeWindow.h"
 
 namespace tessel8 {
 
 namespace {
 
-/// A window that only counts.
-struct CountingWindow : Window {
-    using TextEnd = std::function<void(const std::string&)>;
+/// A window that counts what would go to the display's server.
+struct CountingWindow : FakeWindow {
+    CountingWindow(WindowListener& hearer, int64_t& count) : FakeWindow(hearer), requests(count) {}
+    void invalidate(const PixelRect&) override { ++requests; }
+    MouseState currentMouse() override { return ++requests, MouseState{}; }
 
-    explicit CountingWindow(WindowListener& hearer, int64_t& count)
-        : listener(hearer), repaints(count) {}
-    bool processEvents() override { return true; }
-    void processPaints() override {}
-    void invalidate(const PixelRect&) override { ++repaints; }
-    MouseState currentMouse() override { return ++repaints, MouseState{}; }
-    void takeKeyboardFocus() override {}
-    std::unique_ptr<LineEdit> openLineEdit(const LineEditSettings&, TextEnd) override {
-        return nullptr;
-    }
-    std::unique_ptr<PopupMenu> openPopupMenu(const PopupMenuSettings&,
-                                             std::function<void(int32_t)>) override {
-        return nullptr;
-    }
-    std::unique_ptr<Dialog> openFileDialog(const FileDialogSettings&, TextEnd) override {
-        return nullptr;
-    }
-    std::unique_ptr<Dialog> openMessage(const std::string&, const std::string&,
-                                        std::function<void()>) override {
-        return nullptr;
-    }
-    bool closeAsked() const override { return false; }
-
-    WindowListener& listener;
-    int64_t& repaints;
+    int64_t& requests;
 };
 
 struct SilentEffect : EffectLink {
@@ -67,14 +46,14 @@ struct SilentEffect : EffectLink {
 class CountingEditor : public Tessel8Editor {
   public:
     using Tessel8Editor::Tessel8Editor;
-    int64_t repaints = 0;
+    int64_t requests = 0;
 
   protected:
     Shared<NewFrame> makeFrame(void*) override {
         return makeShared<NewFrame>(
             CRect{0, 0, double(kPanelWidth), double(kPanelHeight)},
             [this](WindowListener& listener) {
-                return std::make_unique<CountingWindow>(listener, repaints);
+                return std::make_unique<CountingWindow>(listener, requests);
             },
             static_cast<VSTGUIEditorInterface*>(this));
     }
@@ -88,11 +67,11 @@ void idlePass(benchmark::State& state, int32_t hover) {
     for (int i = 0; i < 3; ++i) {
         editor.idle();
     }
-    editor.repaints = 0;
+    editor.requests = 0;
     for (auto _ : state) {
         editor.idle();
     }
-    state.counters["repaints"] = double(editor.repaints);
+    state.counters["requests"] = double(editor.requests);
 }
 
 }  // namespace

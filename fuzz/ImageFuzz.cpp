@@ -1,4 +1,4 @@
-// Chunks, preset and bank images from anywhere: nothing reads beyond what it was given, nothing
+// Chunks, images and files from anywhere: nothing reads beyond what it was given, nothing
 // takes over a part of what it refuses, and what it takes over it can write and read again.
 
 #include <cstdlib>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "presets/Chunk.h"
+#include "presets/MidiSettingsFile.h"
 #include "shell/Tessel8.h"
 
 namespace tessel8 {
@@ -101,6 +102,37 @@ void flatForms(std::span<const uint8_t> data, bool swap, const ProgramRecord& in
     }
 }
 
+/// A file of the user's, in whatever form: it is taken whole or not at all.
+void presetFile(std::span<const uint8_t> data, bool reversed, const ProgramRecord& initial) {
+    ProgramRecord program = initial;
+    const bool isUsed = isUsable(readPresetFile(data, reversed, initial, program));
+    require(!isUsed || (imageKind(data) == ImageKind::Preset && isProper(program, true)));
+}
+
+void bankFile(std::span<const uint8_t> data, bool reversed, const ProgramRecord& initial) {
+    Store store(kProgramCount, initial);
+    int32_t current = 0;
+    if (isUsable(readBankFile(data, reversed, initial, whole(store), current))) {
+        require(imageKind(data) == ImageKind::Bank && current >= 0 && current < kProgramCount);
+        for (const ProgramRecord& record : store) {
+            require(isProper(record, true));
+        }
+    }
+}
+
+/// MIDI settings that are taken come back as they are written again.
+void midiFile(std::span<const uint8_t> data) {
+    ControllerMap map, before, again;
+    if (readMidiSettings(data, map) == MidiSettingsResult::Applied) {
+        require(readMidiSettings(writeMidiSettings(map), again) == MidiSettingsResult::Applied);
+    } else {
+        again = before;
+    }
+    for (int32_t i = 0; i < kMidiControllers; ++i) {
+        require(again.entry(i) == map.entry(i));
+    }
+}
+
 }  // namespace
 
 }  // namespace tessel8
@@ -128,6 +160,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
         case 4:  // the one size that the old chunk has
             data.resize(kVersion1ChunkSize, 0x3C);
             [[fallthrough]];
+        case 5:
+            presetFile(data, swap, initial);
+            break;
+        case 6:
+            bankFile(data, swap, initial);
+            break;
+        case 7:
+            midiFile(data);
+            break;
         default:
             chunk(data);
     }

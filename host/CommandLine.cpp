@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Convert.h"
 #include "Info.h"
 #include "ListParams.h"
 #include "Numbers.h"
@@ -36,6 +37,8 @@ struct Typed {
     std::string format = "float";
     std::string plugin;
     std::string infoFile;
+    std::string programFile;
+    std::string convertedFile;
     bool listParams = false;
     bool listPrograms = false;
 };
@@ -138,6 +141,29 @@ CLI::App* addPanel(CLI::App& app, Typed& typed) {
     return command;
 }
 
+CLI::App* addConvert(CLI::App& app, Typed& typed) {
+    CLI::App* command = app.add_subcommand(
+        "convert", "Write a preset or bank file of any form and byte order in that of today");
+    command->add_option("IN", typed.programFile, "Preset or bank file")
+        ->type_name("FILE")
+        ->required();
+    command
+        ->add_option("OUT", typed.convertedFile,
+                     "File to write: .vtp for a preset, .vtb for a bank, as IN holds one")
+        ->type_name("FILE")
+        ->required();
+    return command;
+}
+
+CLI::App* addPrograms(CLI::App& app, Typed& typed) {
+    CLI::App* command =
+        app.add_subcommand("programs", "List the names of the programs in a preset or bank file");
+    command->add_option("FILE", typed.programFile, "Preset or bank file")
+        ->type_name("FILE")
+        ->required();
+    return command;
+}
+
 SampleFormat parseFormat(const std::string& text) {
     if (text == "float") {
         return SampleFormat::floatingPoint;
@@ -183,6 +209,8 @@ int runCommandLine(int argc, char** argv) {
     const CLI::App* const panelCommand = addPanel(app, typed);
     const CLI::App* const listCommand = addList(app, typed);
     const CLI::App* const infoCommand = addInfo(app, typed);
+    const CLI::App* const convertCommand = addConvert(app, typed);
+    const CLI::App* const programsCommand = addPrograms(app, typed);
 
     try {
         app.parse(argc, argv);
@@ -203,8 +231,13 @@ int runCommandLine(int argc, char** argv) {
         typed.listParams ? listParams(typed.plugin) : listPrograms(typed.plugin);
     } else if (infoCommand->parsed()) {
         printInfo(typed.infoFile);
+    } else if (convertCommand->parsed()) {
+        convert(typed.programFile, typed.convertedFile);
+    } else if (programsCommand->parsed()) {
+        listFilePrograms(typed.programFile);
     } else {
-        throw UserError("say what to do: render, panel, list or info; --help tells more");
+        throw UserError(
+            "say what to do: render, panel, list, programs, convert or info; --help tells more");
     }
     if (std::fflush(stdout) != 0) {
         throw UserError("cannot write to the standard output");

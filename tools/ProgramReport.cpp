@@ -103,6 +103,7 @@ void printRow(const Row& row, const std::string& flags) {
 }  // namespace tessel8::tools
 
 int main(int argc, char** argv) {
+    setenv("XDG_CONFIG_HOME", "/dev/null", 1);  // the factory's programs, not what the user keeps
     using namespace tessel8::tools;
     int32_t first = 0, last = tessel8::kProgramCount - 1;
     const auto read = [](const char* text, int32_t& number) {

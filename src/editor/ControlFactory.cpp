@@ -26,8 +26,9 @@ CRect rectOf(const PanelPlace& place) {
 
 template <typename Control>
 void giveWidthDefaults(Control& control) {
-    for (uint8_t place = 0; place < std::size(kWidthDefaults); ++place) {
-        control.setDefaultList(kWidthDefaults[place], place);
+    uint8_t place = 0;
+    for (const float value : kWidthDefaults) {
+        control.setDefaultList(value, place++);
     }
 }
 

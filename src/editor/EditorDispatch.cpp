@@ -11,12 +11,12 @@ namespace tessel8 {
 namespace {
 
 constexpr int32_t kLastPanelTag = 356;  // above it stand logo, displays and the preset strip
-constexpr int32_t kRangeReadout = 7, kGraphSwitch = 336;
+constexpr int32_t kGraphSwitch = 336;
 constexpr int32_t kFirstBar = 218, kLastBar = 305;
 constexpr int32_t kRangeDown = 306, kRangeUp = 307;
 constexpr int32_t kNoteDown = 308, kNoteUp = 309, kTempoUp = 310, kTempoDown = 311;
 constexpr int32_t kEditBack = 329, kEditForward = 330;
-constexpr int32_t kMidiReset = 333, kPanic = 337;
+constexpr int32_t kMidiReset = 333, kMidiLoad = 334, kMidiSave = 335, kPanic = 337;
 constexpr int32_t kFirstColumnHead = 338;
 constexpr float kHostLeads = 0.9f;  // `TimeMode` from here on: the host has the tempo
 constexpr float kNumeratorStep = 0.25f, kDenominatorStep = 0.083333336f;
@@ -225,6 +225,12 @@ void Tessel8Editor::actOnKey(int32_t tag, float value, uint32_t buttons) {
                 break;
             case kMidiReset:
                 effectLink.clearControllerMap();
+                break;
+            case kMidiLoad:
+                loadMidiSettings();
+                break;
+            case kMidiSave:
+                saveMidiSettings();
                 break;
             case kPanic:
                 panic();

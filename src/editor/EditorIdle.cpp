@@ -23,6 +23,7 @@ constexpr float kHostLeads = 0.9f;  // `TimeMode` above it
 
 void Tessel8Editor::idle() {
     takeOverChanges();
+    storeMidiChanges();
     CPresetSystemEditor::idle();
     if (!panel || !isOpen()) {
         return;
@@ -156,7 +157,7 @@ void Tessel8Editor::moveMeters(uint32_t now) {
     }
     meters.endClips(now);
     meters.pass(now, shown);
-    const auto set = [this](CControl* control, float value) {
+    const auto set = [](CControl* control, float value) {
         if (control) {
             control->setValue(value);
         }

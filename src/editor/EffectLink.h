@@ -4,6 +4,9 @@
 
 namespace tessel8 {
 
+class ControllerMapStore;
+class ProgramStoreLink;
+
 /// The name under which the effect ships.
 inline constexpr char kProductName[] = "Vantor Tessel Echo";
 
@@ -36,6 +39,10 @@ class EffectLink {
     /// A control was touched while MIDI learn is on.
     virtual void learnController(int32_t tag) = 0;
     virtual void clearControllerMap() = 0;
+
+    /// The programs, and the controller map as it is kept for the user; null where there are none.
+    virtual ProgramStoreLink* programStore() { return nullptr; }
+    virtual ControllerMapStore* controllerMapStore() { return nullptr; }
 
     /// Writes "1.6.1 build 349" into at least 35 bytes.
     virtual int32_t getVersion(char* text) = 0;

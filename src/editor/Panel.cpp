@@ -65,6 +65,9 @@ void Panel::make(const PanelRow& row, int32_t i, CNewControlListener& listener,
                  EffectLink& effect) {
     const auto control =
         makeControl(row, i, listener, [this](int32_t number) { return picture(number); });
+    if (!control) {
+        return;
+    }
     const int32_t tag = control->getTag();
     controls.push_back(control);
     byTagAndStrip[{tag, row.strip}].push_back(control.get());

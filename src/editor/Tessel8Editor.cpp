@@ -14,7 +14,7 @@ constexpr uint32_t kLongAgoMs = 60000;
 }  // namespace
 
 Tessel8Editor::Tessel8Editor(EffectLink& link, AudioEffectX* audioEffect, TickClock& tickClock)
-    : CPresetSystemEditor(audioEffect, tickClock),
+    : CPresetSystemEditor(link.programStore(), audioEffect, tickClock),
       effectLink(link),
       lastMidiChange(tickClock.now() - kLongAgoMs),
       scrollingTexts(link),
@@ -40,7 +40,7 @@ bool Tessel8Editor::open(void* parent) {
     CPresetSystemEditor::open(parent);
     const Shared<NewFrame> made = makeFrame(parent);
     if (!made || !made->isOpen()) {
-        AEffGUIEditor::close();
+        CPresetSystemEditor::close();
         return false;
     }
     frame = made;
@@ -50,6 +50,7 @@ bool Tessel8Editor::open(void* parent) {
     panel = std::make_unique<Panel>(*frame, *this, effectLink);
     lastMidiChange = clock.now() - kLongAgoMs;
     showAll();
+    openStrip();
     setKnobMode(kLinearMode);
     setGraphMode(graphMode);
     hoverTag = -1;
@@ -68,6 +69,10 @@ void Tessel8Editor::close() {
     // The frame goes first: a running drag ends on controls that still stand.
     CPresetSystemEditor::close();
     panel.reset();
+}
+
+void Tessel8Editor::setKeyboardFocus(bool takesFocus) {
+    panelFrame()->setKeyboardFocus(takesFocus);
 }
 
 void Tessel8Editor::beginEdit(int32_t tag) {

@@ -49,6 +49,13 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
 
     void valueChanged(CControl* control) override;
 
+    // EditorMidiFiles.cpp: the controller map in a file of the user's choice.
+    virtual void saveMidiSettings();
+    virtual void loadMidiSettings();
+    /// Where the last of these files was.
+    void writePathSettings() override;
+    void readPathSettings() override;
+
     /// Writes both lines of the display for a control.
     virtual void updateStatus(int32_t tag);
     /// What stands there in place of it while MIDI learn is on.
@@ -67,6 +74,7 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
     /// Makes the frame in the host's window; tests make it in another.
     virtual Shared<NewFrame> makeFrame(void* parent);
     Panel* getPanel() { return panel.get(); }
+    void setKeyboardFocus(bool takesFocus) override;
 
   private:
     // Calls of the effect, and what it has told us by them.
@@ -94,6 +102,7 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
     void moveMeters(uint32_t now);
     void pollValues();
     void putOutMidiLamp(uint32_t now);
+    void storeMidiChanges();
     void showBesideStatus(int32_t tag);
 
     // EditorDispatch.cpp: what a control does.
@@ -109,6 +118,7 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
     void touchTapSwitch(CControl* control, int32_t tap, float value, uint32_t buttons);
     void resetColumn(int32_t tag);
     void panic();
+    void takeMidiFile(const std::string& path);
 
     // Keys that repeat while they are held.
     void pressNoteKey(int32_t tag, float value);
@@ -142,6 +152,7 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
     float graphMode = 0.0f;  ///< survives `close`
     int32_t editParameter = 0;
     int32_t hoverShown, hoverLast;
+    std::string midiDir;
     uint32_t learnPress = 0;  ///< the mouse press that MIDI learn has taken, 0 for none
 
     // As last seen by `idle`.

@@ -8,6 +8,8 @@ namespace {
 
 enum RecordType : uint32_t { kProgramHead = 0, kParameterValue = 1 };
 
+constexpr size_t kTaggedSize = 5;  // identifier and tag
+constexpr size_t kPayloadSizeOffset = 21;
 constexpr size_t kReservedInHead = 16;
 constexpr size_t kValueOffset = 12;  // in a parameter's body
 constexpr size_t kSmallestParameterBody = kValueOffset + sizeof(float);
@@ -15,6 +17,20 @@ constexpr size_t kSmallestParameterBody = kValueOffset + sizeof(float);
 /// Negative values and NaN are no program's; -0 is 0.
 bool isProper(float value) {
     return value >= 0.0f;
+}
+
+uint8_t tagOf(std::span<const uint8_t> data) {
+    return data.size() >= kTaggedSize ? data[kTaggedSize - 1] : uint8_t(0);
+}
+
+/// The image as far as its head says; nothing where the data breaks off before.
+std::span<const uint8_t> announcedPart(std::span<const uint8_t> data, bool swap) {
+    ByteReader head(data, swap);
+    head.skip(kPayloadSizeOffset);
+    const size_t payload = head.word();
+    head.skip(kReservedInHead);
+    return !head.failed() && payload <= head.remaining() ? data.first(kImageHeadSize + payload)
+                                                         : std::span<const uint8_t>();
 }
 
 struct Head {
@@ -128,6 +144,48 @@ bool findByteOrder(std::span<const uint8_t> word, bool& swap) {
     const uint32_t id = ByteReader(word, false).word();
     swap = id == __builtin_bswap32(kPluginId);
     return swap || id == kPluginId;
+}
+
+ImageKind imageKind(std::span<const uint8_t> data) {
+    bool swap = false;
+    if (data.size() < kTaggedSize || !findByteOrder(data, swap)) {
+        return ImageKind::Foreign;
+    }
+    switch (tagOf(data)) {
+        case image_tag::kPreset:
+        case image_tag::kFlatPreset:
+            return ImageKind::Preset;
+        case image_tag::kBank:
+        case image_tag::kFlatBank:
+            return ImageKind::Bank;
+        default:
+            return ImageKind::Unknown;
+    }
+}
+
+ImageResult readBankFile(std::span<const uint8_t> data, bool reversed, const ProgramRecord& initial,
+                         std::span<ProgramRecord, kProgramCount> programs, int32_t& current) {
+    bool swap = false;
+    if (!findByteOrder(data, swap) || imageKind(data) != ImageKind::Bank) {
+        return ImageResult::Refused;
+    }
+    swap = swap != reversed;
+    current = 0;
+    return tagOf(data) == image_tag::kBank
+               ? readBankImage(announcedPart(data, swap), swap, initial, programs, current)
+               : readFlatBank(data.subspan(kTaggedSize), swap, initial, programs);
+}
+
+ImageResult readPresetFile(std::span<const uint8_t> data, bool reversed,
+                           const ProgramRecord& initial, ProgramRecord& program) {
+    bool swap = false;
+    if (!findByteOrder(data, swap) || imageKind(data) != ImageKind::Preset) {
+        return ImageResult::Refused;
+    }
+    swap = swap != reversed;
+    return tagOf(data) == image_tag::kPreset
+               ? readPresetImage(announcedPart(data, swap), swap, initial, program)
+               : readFlatPreset(data.subspan(kTaggedSize), swap, initial, program);
 }
 
 ImageResult readBankImage(std::span<const uint8_t> data, bool swap, const ProgramRecord& initial,

@@ -39,9 +39,29 @@ enum class ImageResult {
 /// True if the word is the identifier in this or the other byte order, which is written to `swap`.
 bool findByteOrder(std::span<const uint8_t> word, bool& swap);
 
+/// What data says that it holds, by its identifier and tag.
+enum class ImageKind {
+    Foreign,  ///< not ours, or shorter than identifier and tag
+    Preset,
+    Bank,
+    Unknown  ///< ours, with a tag that this version does not know
+};
+ImageKind imageKind(std::span<const uint8_t> data);
+
 // The readers work in place on a copy of what there was, which the caller throws away unless the
 // answer is `Applied`. `initial` is what a program holds where the data says nothing. `data` begins
 // with the image's head, or behind the five bytes of identifier and tag in the flat forms.
+
+// A whole file or stored value, in the current or the flat form. The identifier tells the byte
+// order; `reversed` takes the opposite one. Data of another kind is refused.
+
+/// `current` is 0 after the flat form, which does not know it.
+ImageResult readBankFile(std::span<const uint8_t> data, bool reversed, const ProgramRecord& initial,
+                         std::span<ProgramRecord, kProgramCount> programs, int32_t& current);
+ImageResult readPresetFile(std::span<const uint8_t> data, bool reversed,
+                           const ProgramRecord& initial, ProgramRecord& program);
+
+// The forms one by one.
 
 ImageResult readBankImage(std::span<const uint8_t> data, bool swap, const ProgramRecord& initial,
                           std::span<ProgramRecord, kProgramCount> programs, int32_t& current);

@@ -116,30 +116,63 @@ int32_t CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
     return int32_t(kChunkSize);
 }
 
-int32_t CPresetSystemEffect::setChunk(void* data, int32_t byteSize, bool /*isPreset*/) {
-    if (!data || byteSize < 0 || !chunkBuffer) {
-        return -1;
-    }
+template <typename Read>
+ImageResult CPresetSystemEffect::replaceStore(Read read) {
     const std::unique_ptr<ProgramRecord[]> copy(new (std::nothrow) ProgramRecord[kProgramCount]);
     if (!copy) {
-        return 0;
+        return ImageResult::Dropped;
     }
     std::copy_n(programs.get(), kProgramCount, copy.get());
     int32_t current = 0;
     const ImageResult result =
-        readChunk({static_cast<const uint8_t*>(data), size_t(byteSize)}, initRecord,
-                  std::span<ProgramRecord, kProgramCount>(copy.get(), kProgramCount), current);
+        read(std::span<ProgramRecord, kProgramCount>(copy.get(), kProgramCount), current);
     if (result == ImageResult::Applied) {
-        replaceStore(copy.get(), current);
+        // From here on a block that runs meanwhile writes none of its own values into the programs.
+        loadingProgram = true;
+        std::copy_n(copy.get(), kProgramCount, programs.get());
+        selectProgram(current);
     }
+    return result;
+}
+
+int32_t CPresetSystemEffect::setChunk(void* data, int32_t byteSize, bool /*isPreset*/) {
+    if (!data || byteSize < 0 || !chunkBuffer) {
+        return -1;
+    }
+    const std::span<const uint8_t> chunk(static_cast<const uint8_t*>(data), size_t(byteSize));
+    const ImageResult result = replaceStore(
+        [&](auto copy, int32_t& current) { return readChunk(chunk, initRecord, copy, current); });
     return result == ImageResult::Refused ? -1 : 0;
 }
 
-void CPresetSystemEffect::replaceStore(const ProgramRecord* newPrograms, int32_t current) {
-    // From here on a block that runs meanwhile writes none of its own values into the programs.
-    loadingProgram = true;
-    std::copy_n(newPrograms, kProgramCount, programs.get());
-    selectProgram(current);
+ImageResult CPresetSystemEffect::readBank(std::span<const uint8_t> data, bool reversed) {
+    return replaceStore([&](auto copy, int32_t& current) {
+        return readBankFile(data, reversed, initRecord, copy, current);
+    });
+}
+
+ImageResult CPresetSystemEffect::readPreset(std::span<const uint8_t> data, bool reversed) {
+    ProgramRecord program = currentRecord();
+    const ImageResult result = readPresetFile(data, reversed, initRecord, program);
+    if (result == ImageResult::Applied) {
+        loadingProgram = true;
+        currentRecord() = program;
+        renameCurrentProgram(nullptr);
+        selectProgram(currentProgram);
+    }
+    return result;
+}
+
+std::vector<uint8_t> CPresetSystemEffect::writePreset() {
+    std::vector<uint8_t> image(kPresetImageSize);
+    writePresetImage(currentRecord(), image.data());
+    return image;
+}
+
+std::vector<uint8_t> CPresetSystemEffect::writeBank() {
+    std::vector<uint8_t> image(kBankImageSize);
+    writeBankImage(store(), currentProgram, image.data());
+    return image;
 }
 
 }  // namespace tessel8

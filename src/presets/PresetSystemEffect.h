@@ -5,14 +5,14 @@
 #include <span>
 
 #include "parameters/Links.h"
-#include "presets/ProgramRecord.h"
+#include "presets/ProgramStoreLink.h"
 #include "vst/AudioEffectX.h"
 
 namespace tessel8 {
 
 /// The store of 140 programs between the host's interface and the effect. To the host there is
 /// one program; the current record is itself the edit buffer.
-class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
+class CPresetSystemEffect : public AudioEffectX, public ProgramSink, public ProgramStoreLink {
   public:
     explicit CPresetSystemEffect(audioMasterCallback audioMaster);
 
@@ -24,7 +24,7 @@ class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
     int32_t getProgram() override { return 0; }
     /// The host cannot change the program.
     void setProgram(int32_t /*program*/) override {}
-    /// Takes the first 24 characters, of which a record keeps 23.
+    /// Takes the first 23 bytes.
     void setProgramName(const char* name) override;
     void getProgramName(char* text) override;
     bool getProgramNameIndexed(int32_t category, int32_t index, char* text) override;
@@ -37,11 +37,13 @@ class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
     /// answers 0), nothing has changed.
     int32_t setChunk(void* data, int32_t byteSize, bool isPreset) override;
 
-    virtual int32_t getCurrentProgramIndex() { return currentProgram; }
-    /// Makes a program current and applies all its values.
-    virtual void selectProgram(int32_t index);
-    /// Names the current program, unless `name` is null, and has the host show it.
-    virtual void renameCurrentProgram(const char* name);
+    int32_t getCurrentProgramIndex() override { return currentProgram; }
+    void selectProgram(int32_t index) override;
+    void renameCurrentProgram(const char* name) override;
+    ImageResult readPreset(std::span<const uint8_t> data, bool reversed) override;
+    ImageResult readBank(std::span<const uint8_t> data, bool reversed) override;
+    std::vector<uint8_t> writePreset() override;
+    std::vector<uint8_t> writeBank() override;
     virtual int32_t getPluginId() { return getAeffect()->uniqueID; }
     /// Makes a program the neutral one, name included.
     virtual void resetProgram(int32_t index);
@@ -50,8 +52,7 @@ class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
     /// Fills the store with the factory's programs.
     virtual void initFactoryBank();
 
-    /// Rises whenever names or the choice of a program changed; the panel asks in its own time.
-    uint32_t storeRevision() const { return revision.load(std::memory_order_acquire); }
+    uint32_t storeRevision() const override { return revision.load(std::memory_order_acquire); }
 
     // ProgramSink
     bool isLoadingProgram() const override { return loadingProgram; }
@@ -70,8 +71,10 @@ class CPresetSystemEffect : public AudioEffectX, public ProgramSink {
     std::atomic<bool> loadingProgram{false};
 
   private:
-    /// Takes over a whole bank that was read into a copy.
-    void replaceStore(const ProgramRecord* newPrograms, int32_t current);
+    /// Takes over a bank that a function reads into a copy of the store. Without memory for the
+    /// copy nothing happens.
+    template <typename Read>
+    ImageResult replaceStore(Read read);
     void markChanged() { revision.fetch_add(1, std::memory_order_release); }
 
     std::unique_ptr<uint8_t[]> chunkBuffer;  ///< null without memory

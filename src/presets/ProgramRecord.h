@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "parameters/ParameterTable.h"
 
@@ -19,7 +20,11 @@ struct ProgramRecord {
 /// The neutral program.
 ProgramRecord neutralProgram();
 
-/// Sets a name of at most 23 characters; a longer one is cut.
+/// The size of the longest part at the start of a UTF-8 text that has at most `most` bytes and
+/// cuts no character in two.
+size_t wholeCharacters(std::string_view text, size_t most);
+
+/// Sets a name of at most 23 bytes; a longer one is cut.
 void setRecordName(ProgramRecord& record, const char* text);
 
 }  // namespace tessel8

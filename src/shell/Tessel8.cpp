@@ -24,13 +24,14 @@ void copyText(char* to, const char* text) {
 Tessel8::Tessel8(audioMasterCallback callback) : CPresetSystemEffect(callback) {
     // Without rings this ends in "no memory": the effect is transparent until a rate arrives.
     Tessel8::resume();
+    Tessel8::loadControllerMap();
     connectEditor();
     setNumInputs(2);
     setNumOutputs(2);
     canProcessReplacing(true);
     setUniqueID(kUniqueId);
     parameters.connect(this, this);
-    finishConstruction();
+    Tessel8::finishConstruction();
     selectProgram(0);
 }
 
@@ -42,8 +43,18 @@ void Tessel8::connectEditor() {
 }
 
 Tessel8::~Tessel8() {
+    Tessel8::saveControllerMap();
+    // The editor reaches back into the effect, also while it goes.
+    panel = nullptr;
+    parameters.connect(nullptr);
+    setEditor(nullptr);
     rateOk = false;
     Tessel8::releaseEngineMemory();
+}
+
+void Tessel8::finishConstruction() {
+    CPresetSystemEffect::finishConstruction();
+    static_cast<Tessel8Editor*>(getEditor())->restoreDefaults();
 }
 
 bool Tessel8::isRateInRange() const {

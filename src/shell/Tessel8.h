@@ -5,6 +5,7 @@
 #include "midi/ControllerMap.h"
 #include "midi/MidiInput.h"
 #include "parameters/Parameters.h"
+#include "presets/ControllerMapStore.h"
 #include "presets/PresetSystemEffect.h"
 
 namespace tessel8 {
@@ -77,6 +78,14 @@ class Tessel8 : public CPresetSystemEffect,
     void learnController(int32_t tag) override;
     void clearControllerMap() override { controllerMap.clear(); }
 
+    virtual void loadControllerMap() { mapStore.load(); }
+    virtual void saveControllerMap() { mapStore.save(); }
+    ControllerMapStore* controllerMapStore() override { return &mapStore; }
+
+    ProgramStoreLink* programStore() override { return this; }
+    /// Also restores the user's defaults.
+    void finishConstruction() override;
+
     // Texts for the panel's display, each cut (not rounded) to `decimals` digits behind the point
     // or, for 0, at the point. `text` takes `kTextBytes`.
     virtual void delayToMsText(float value, char* text, int32_t decimals);
@@ -104,6 +113,7 @@ class Tessel8 : public CPresetSystemEffect,
     Engine engine;
     Parameters parameters{engine};
     ControllerMap controllerMap;
+    ControllerMapStore mapStore{controllerMap};
     EditorLink* panel = nullptr;  ///< the editor as the effect sees it
     EngineStatus engineStatus = EngineStatus::NotStarted;
     bool rateOk = false;

@@ -1,51 +1,23 @@
 // The store of programs as a host keeps it: chunks, byte by byte, whole, cut off and lying.
 
 #include <algorithm>
-#include <bit>
 #include <limits>
 #include <numeric>
 #include <random>
 
 #include "shell/FakeHost.h"
+#include "support/ImageWriter.h"
 
 namespace tessel8 {
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-
-/// Writes numbers in either byte order.
-struct Writer {
-    bool bigEndian = false;
-    Bytes bytes{};
-
-    Writer& word(uint32_t value) {
-        for (int i = 0; i < 4; ++i) {
-            bytes.push_back(uint8_t(value >> 8 * (bigEndian ? 3 - i : i)));
-        }
-        return *this;
-    }
-    Writer& number(float value) { return word(std::bit_cast<uint32_t>(value)); }
-    Writer& name(std::string text, size_t size = 24) {
-        text.resize(size);
-        bytes.insert(bytes.end(), text.begin(), text.end());
-        return *this;
-    }
-    Writer& zeros(size_t count) {
-        bytes.insert(bytes.end(), count, 0);
-        return *this;
-    }
-    /// Head of a chunk of version 2 and of its image.
-    Writer& head(uint32_t records, uint32_t current) {
-        word(0x02000000).word(0x54534C38).word(0x54534C38);
-        bytes.push_back('8');
-        return word(0x02000000).word(215).word(records).word(current).word(0).zeros(16);
-    }
-    Writer& program(uint32_t index, const std::string& text) {
-        return word(0).word(156).word(index).name(text).zeros(132);
-    }
-    Writer& value(uint32_t program, uint32_t index, float v) {
-        return word(1).word(20).word(program).word(index).zeros(8).number(v).zeros(4);
+/// Head of a chunk of version 2 and of its image.
+struct Writer : ImageWriter {
+    explicit Writer(bool big = false) : ImageWriter{big} {}
+    ImageWriter& head(uint32_t records, uint32_t current) {
+        word(0x02000000).word(0x54534C38);
+        return image('8', records, current, 0);
     }
 };
 
