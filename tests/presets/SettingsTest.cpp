@@ -172,11 +172,12 @@ TEST_F(SettingsTest, OnAFullOrForbiddenDiskStayAsTheyAreInSilence) {
         return (geteuid() != 0 || setuid(65534) == 0) && storesNothing();
     }));
     EXPECT_TRUE(changes() == before);
-    setenv("XDG_CONFIG_HOME", "/dev/null", 1);
+    unsetenv("XDG_CONFIG_HOME");
+    setenv("HOME", (home / "gone").c_str(), 1);
     Instance lost;
     lost.click(kStoreA);
-    lost.click(kRecallA);
     EXPECT_EQ(lost.entry(1), 1);
+    EXPECT_FALSE(fs::exists(home / "gone")) << "nobody's home is made";
 }
 
 TEST_F(SettingsTest, ThatCannotBeReadCountAsAbsent) {

@@ -35,30 +35,34 @@ FileName fileOf(const char* name, const char* kind) {
     return file;
 }
 
-/// False without a home folder, or where the path is too long for the system.
-bool findFolder(const char* inner, Path& path) {
+/// Writes the folder's path. Answers where in it the part begins that may be made, which a home is
+/// not; 0 without a home folder, or where the path is too long for the system.
+size_t findFolder(const char* inner, Path& path) {
     const char* const settings = std::getenv("XDG_CONFIG_HOME");
     const char* const home = std::getenv("HOME");
     int length = -1;
+    size_t given = 0;
     if (settings && settings[0] == '/') {  // others are to be ignored, by the desktops' rule
+        given = size_t(std::strrchr(settings, '/') - settings) + 1;
         length =
             std::snprintf(path.data(), path.size(), "%s/%s/%s", settings, kProductFolder, inner);
     } else if (home && home[0] == '/') {
+        given = std::strlen(home) + 1;
         length = std::snprintf(path.data(), path.size(), "%s/.config/%s/%s", home, kProductFolder,
                                inner);
     }
     if (length < 0 || size_t(length) >= path.size()) {
-        return false;
+        return 0;
     }
     if (path[size_t(length) - 1] == '/') {
         path[size_t(length) - 1] = 0;
     }
-    return true;
+    return given;
 }
 
 Descriptor openFolder(const char* inner) {
     Path path;
-    return findFolder(inner, path) ? files::openFolder(AT_FDCWD, path.data()) : Descriptor();
+    return findFolder(inner, path) != 0 ? files::openFolder(AT_FDCWD, path.data()) : Descriptor();
 }
 
 /// Fills `buffer` from a small value and gives its size; nothing if it does not fit.
@@ -102,13 +106,14 @@ bool write(const SettingsFolder& settings, const char* inner, const FileName& fi
 
 SettingsFolder::Made SettingsFolder::make() const {
     Path path;
-    if (!findFolder(inner, path)) {
+    const size_t given = findFolder(inner, path);
+    if (given == 0) {
         return Made::Failed;
     }
     if (files::openFolder(AT_FDCWD, path.data())) {
         return Made::Before;
     }
-    for (char* slash = std::strchr(path.data() + 1, '/'); slash;
+    for (char* slash = std::strchr(path.data() + given, '/'); slash;
          slash = std::strchr(slash + 1, '/')) {
         *slash = 0;
         mkdir(path.data(), kFolderMode);
