@@ -5,16 +5,10 @@
 #include <cerrno>
 #include <cstring>
 
+#include "SampleRate.h"
 #include "UserError.h"
 
 namespace tessel8::host {
-
-namespace {
-
-constexpr int kLowestRate = 44100;  // Hz, both of the effect
-constexpr int kHighestRate = 192000;
-
-}  // namespace
 
 AudioReader::AudioReader(const std::filesystem::path& file) : name_(file.string()) {
     std::error_code ignored;
@@ -35,11 +29,7 @@ AudioReader::AudioReader(const std::filesystem::path& file) : name_(file.string(
     if (info_.frames <= 0) {
         throw UserError(name_ + " holds no sound: it has 0 frames");
     }
-    if (info_.samplerate < kLowestRate || info_.samplerate > kHighestRate) {
-        throw UserError(name_ + " has a sample rate of " + std::to_string(info_.samplerate) +
-                        " Hz; the effect takes " + std::to_string(kLowestRate) + " to " +
-                        std::to_string(kHighestRate) + " Hz");
-    }
+    checkSampleRate(info_.samplerate, name_);
 }
 
 size_t AudioReader::read(float* left, float* right, size_t count) {

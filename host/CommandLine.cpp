@@ -8,6 +8,7 @@
 #include "Convert.h"
 #include "Info.h"
 #include "ListParams.h"
+#include "LiveCommand.h"
 #include "Numbers.h"
 #include "PanelCommand.h"
 #include "Programs.h"
@@ -29,6 +30,9 @@ constexpr Range kSeconds{0, 86400};
 struct Typed {
     RenderOptions render;
     PanelOptions panel;
+    LiveOptions live;
+    bool noConnect = false;
+    bool noPanel = false;
     std::vector<std::string> clicks;
     std::string seconds;
     std::string tempo;
@@ -141,6 +145,29 @@ CLI::App* addPanel(CLI::App& app, Typed& typed) {
     return command;
 }
 
+CLI::App* addLive(CLI::App& app, Typed& typed) {
+    CLI::App* command =
+        app.add_subcommand("live", "Run the effect on JACK or PipeWire, with its panel");
+    addProgramChoice(*command, typed.live.choice);
+    command->add_option("--name", typed.live.name, "Name of the JACK client")
+        ->type_name("NAME")
+        ->capture_default_str();
+    CLI::Option* const connect =
+        command->add_flag("--connect", typed.live.connect,
+                          "Connects with the first two capture and playback ports, as without it");
+    command->add_flag("--no-connect", typed.noConnect, "Leaves connecting to others")
+        ->excludes(connect);
+    command
+        ->add_option("--tempo", typed.tempo,
+                     "Tempo of the song, 20 to 999, as long as JACK's transport tells none")
+        ->type_name("BPM");
+    command->add_flag("--no-panel", typed.noPanel, "Leaves out the panel");
+    command->add_option("--seconds", typed.seconds, "Ends by itself after so long, 0 to 86400")
+        ->type_name("SECONDS");
+    addPlugin(*command, typed);
+    return command;
+}
+
 CLI::App* addConvert(CLI::App& app, Typed& typed) {
     CLI::App* command = app.add_subcommand(
         "convert", "Write a preset or bank file of any form and byte order in that of today");
@@ -198,6 +225,20 @@ PanelOptions panelOptions(const Typed& typed, const CLI::App& command) {
     return options;
 }
 
+LiveOptions liveOptions(const Typed& typed, const CLI::App& command) {
+    LiveOptions options = typed.live;
+    options.connect = !typed.noConnect;
+    options.panel = !typed.noPanel;
+    options.plugin = typed.plugin;
+    if (command.count("--tempo") != 0) {
+        options.tempo = parseNumber(typed.tempo, kTempo, "--tempo");
+    }
+    if (command.count("--seconds") != 0) {
+        options.seconds = parseNumber(typed.seconds, kSeconds, "--seconds");
+    }
+    return options;
+}
+
 }  // namespace
 
 int runCommandLine(int argc, char** argv) {
@@ -207,6 +248,7 @@ int runCommandLine(int argc, char** argv) {
     app.require_subcommand(0, 1);  // none is an error too, but one with a better message below
     const CLI::App* const renderCommand = addRender(app, typed);
     const CLI::App* const panelCommand = addPanel(app, typed);
+    const CLI::App* const liveCommand = addLive(app, typed);
     const CLI::App* const listCommand = addList(app, typed);
     const CLI::App* const infoCommand = addInfo(app, typed);
     const CLI::App* const convertCommand = addConvert(app, typed);
@@ -224,6 +266,8 @@ int runCommandLine(int argc, char** argv) {
         render(renderOptions(typed, *renderCommand));
     } else if (panelCommand->parsed()) {
         showPanel(panelOptions(typed, *panelCommand));
+    } else if (liveCommand->parsed()) {
+        playLive(liveOptions(typed, *liveCommand));
     } else if (listCommand->parsed()) {
         if (typed.listParams == typed.listPrograms) {
             throw UserError("list: say what to list: --params or --programs");
@@ -237,7 +281,8 @@ int runCommandLine(int argc, char** argv) {
         listFilePrograms(typed.programFile);
     } else {
         throw UserError(
-            "say what to do: render, panel, list, programs, convert or info; --help tells more");
+            "say what to do: render, panel, live, list, programs, convert or info; --help tells "
+            "more");
     }
     if (std::fflush(stdout) != 0) {
         throw UserError("cannot write to the standard output");

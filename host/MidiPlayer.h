@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "MidiEvents.h"
 #include "MidiFile.h"
 #include "Plugin.h"
 #include "TempoMap.h"
@@ -31,8 +32,7 @@ class MidiPlayer {
     std::vector<Timed> messages_;  // in order of time
     size_t next_ = 0;              // the first that is not sent
     double position_ = 0;          // frames before the next block
-    std::vector<VstMidiEvent> events_;
-    std::vector<intptr_t> list_;  // a VstEvents with room for all events of a block
+    MidiEvents events_;
 };
 
 }  // namespace tessel8::host

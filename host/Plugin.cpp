@@ -69,7 +69,7 @@ Plugin::Plugin(const fs::path& file, Transport& transport)
 
 Plugin::~Plugin() {
     if (running_) {
-        dispatch(effMainsChanged, 0, 0);
+        stop();
     }
 }
 
@@ -106,6 +106,11 @@ void Plugin::prepare(float sampleRate, int32_t blockFrames) {
 void Plugin::start() {
     dispatch(effMainsChanged, 0, 1);
     running_ = true;
+}
+
+void Plugin::stop() {
+    dispatch(effMainsChanged, 0, 0);
+    running_ = false;
 }
 
 }  // namespace tessel8::host

@@ -38,8 +38,9 @@ class Plugin {
     /// Tells rate and block size; throws where the effect is not one for stereo.
     void prepare(float sampleRate, int32_t blockFrames);
 
-    /// Switches it on; the destructor switches it off.
+    /// Switches it on; the destructor switches it off where `stop` has not.
     void start();
+    void stop();
 
     /// Two channels each way. Only after `start`.
     void process(float** inputs, float** outputs, int32_t frames) {

@@ -1,7 +1,7 @@
 #include "Progress.h"
 
-#include <unistd.h>
-
+#include <array>
+#include <chrono>
 #include <cstdio>
 #include <string>
 
@@ -11,40 +11,31 @@ namespace {
 
 constexpr int kBarCharacters = 40;
 constexpr std::chrono::milliseconds kBetweenDraws{50};
-constexpr const char* kWipeLine = "\r\033[K";
+constexpr size_t kMostCharacters = 80;
 
 }  // namespace
 
 Progress::Progress(int64_t totalFrames, int sampleRate)
     : totalFrames_(totalFrames),
       sampleRate_(sampleRate),
-      onTerminal_(isatty(STDERR_FILENO) != 0),
-      nextDraw_(Clock::now()) {}
-
-Progress::~Progress() {
-    if (drawn_) {
-        std::fputs(kWipeLine, stderr);
-    }
-}
+      nextDraw_(std::chrono::steady_clock::now()) {}
 
 void Progress::show(int64_t doneFrames) {
-    if (!onTerminal_) {
-        return;
-    }
-    const Clock::time_point now = Clock::now();
-    if (now < nextDraw_) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!line_.isOnTerminal() || now < nextDraw_) {
         return;
     }
     nextDraw_ = now + kBetweenDraws;
-    drawn_ = true;
+    std::array<char, kMostCharacters> text{};
     if (doneFrames >= totalFrames_) {
-        std::fprintf(stderr, "%s%.1f s", kWipeLine, double(doneFrames) / sampleRate_);
-        return;
+        std::snprintf(text.data(), text.size(), "%.1f s", double(doneFrames) / sampleRate_);
+    } else {
+        const double part = double(doneFrames) / double(totalFrames_);
+        const std::string bar(size_t(part * kBarCharacters), '=');
+        std::snprintf(text.data(), text.size(), "[%-*s] %3d %%", kBarCharacters, bar.c_str(),
+                      int(part * 100));
     }
-    const double part = double(doneFrames) / double(totalFrames_);
-    const std::string bar(size_t(part * kBarCharacters), '=');
-    std::fprintf(stderr, "%s[%-*s] %3d %%", kWipeLine, kBarCharacters, bar.c_str(),
-                 int(part * 100));
+    line_.draw(text.data());
 }
 
 }  // namespace tessel8::host

@@ -7,13 +7,14 @@ namespace tessel8::host {
 namespace {
 
 constexpr double kSecondsPerMinute = 60;
+constexpr int32_t kMusicalTimeValid = kVstTempoValid | kVstPpqPosValid;
 
 }  // namespace
 
 Transport::Transport(std::optional<TempoMap> tempo) : tempo_(std::move(tempo)) {
     time_.sampleRate = 44100;  // until `start`; an effect may ask while it is being made
     if (tempo_) {
-        time_.flags = kVstTempoValid | kVstPpqPosValid;
+        time_.flags = kMusicalTimeValid;
         tellMusicalTime();
     }
 }
@@ -31,6 +32,19 @@ void Transport::play() {
 void Transport::advance(int64_t frames) {
     time_.samplePos += double(frames);
     tellMusicalTime();
+}
+
+void Transport::follow(const SongPosition& position) {
+    time_.samplePos = position.frame;
+    if (position.musical) {
+        time_.tempo = position.musical->bpm;
+        time_.ppqPos = position.musical->quarters;
+    } else {
+        tellMusicalTime();
+    }
+    // In one piece, since a panel may ask meanwhile.
+    time_.flags = (position.rolling ? kVstTransportPlaying : 0) |
+                  (position.musical || tempo_ ? kMusicalTimeValid : 0);
 }
 
 void Transport::tellMusicalTime() {

@@ -1,4 +1,5 @@
-// tessel8: renders files through the effect, shows its panel and tells what it says about itself.
+// tessel8: renders files through the effect, plays it live, shows its panel and tells what it says
+// about itself.
 
 #include <cstdio>
 #include <exception>

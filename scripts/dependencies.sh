@@ -5,11 +5,11 @@
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev libpng-dev
-       libxcb1-dev libxcb-shm0-dev libxkbcommon-dev libxkbcommon-x11-dev
+       libjack-jackd2-dev libxcb1-dev libxcb-shm0-dev libxkbcommon-dev libxkbcommon-x11-dev
        libcairo2-dev libpango1.0-dev fonts-liberation fonts-dejavu-core)
 demo=("${build[@]}" alsa-utils)
 test=("${build[@]}" libgtest-dev libgmock-dev libbenchmark-dev binutils
-      xvfb libxcb-xtest0-dev)
+      xvfb libxcb-xtest0-dev jackd2)
 docs=(pandoc weasyprint fonts-liberation)
 package=("${build[@]}" "${docs[@]}" dpkg-dev file gzip)
 

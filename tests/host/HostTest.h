@@ -96,8 +96,9 @@ inline testing::AssertionResult refused(const HostRun& run, const std::string& p
 }
 
 struct Surroundings {
-    long mostFileBytes = -1;  // limit on the size of a file that the program writes
-    int signal = 0;           // sent once the probe is processing
+    long mostFileBytes = -1;        // limit on the size of a file that the program writes
+    int signal = 0;                 // sent to it
+    std::string after = "process";  // once the probe has written this down
 };
 
 /// Each test has a folder of its own. It is the home of the effect's settings too, so that
@@ -148,8 +149,8 @@ class HostTest : public testing::Test {
         close(out[1]);
         close(err[1]);
         if (surroundings.signal != 0) {
-            const auto processing = [&] { return contentsOf(log()).find("process"); };
-            for (int i = 0; i < 5000 && processing() == std::string::npos; ++i) {
+            const auto found = [&] { return contentsOf(log()).find(surroundings.after); };
+            for (int i = 0; i < 20000 && found() == std::string::npos; ++i) {
                 usleep(1000);
             }
             kill(host, surroundings.signal);
