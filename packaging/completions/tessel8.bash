@@ -16,21 +16,22 @@ _tessel8() {
             return ;;
         --format) mapfile -t COMPREPLY < <(compgen -W "float input" -- "$word"); return ;;
         --tail) mapfile -t COMPREPLY < <(compgen -W "silent" -- "$word"); return ;;
-        --program | --tempo | --block | --click | --seconds) return ;;
+        --program | --tempo | --block | --click | --seconds | --name) return ;;
     esac
     # What is completed without a dash: files, but neither the panel nor a list is of one.
     local on_files=true
     case $command in
-        "" | panel | list) on_files= ;;
+        "" | panel | live | list) on_files= ;;
     esac
     case $previous in
         --bank | --preset | --plugin | --midi | --input | --screenshot) on_files=true ;;
     esac
     if [[ -z $on_files || $word == -* ]]; then
-        local words="--help --version render panel list info programs convert"
+        local words="--help --version render panel live list info programs convert"
         case $command in
             render) words="$common $choice --tempo --midi --tail --block --format" ;;
             panel) words="$common $choice --input --click --screenshot --seconds" ;;
+            live) words="$common $choice --name --connect --no-connect --tempo --no-panel --seconds" ;;
             list) words="$common --params --programs" ;;
             info | programs | convert) words="--help" ;;
         esac
