@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs, as far as they are missing.
 #
-#   scripts/dependencies.sh build|demo|test ...
+#   scripts/dependencies.sh build|demo|test|docs|package ...
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev libpng-dev
@@ -10,9 +10,11 @@ build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev libpng-dev
 demo=("${build[@]}" alsa-utils)
 test=("${build[@]}" libgtest-dev libgmock-dev libbenchmark-dev binutils
       xvfb libxcb-xtest0-dev jackd2)
+docs=(pandoc weasyprint fonts-liberation)
+package=("${build[@]}" "${docs[@]}" dpkg-dev file gzip)
 
 usage() {
-    echo "usage: ${0##*/} build|demo|test ..." >&2
+    echo "usage: ${0##*/} build|demo|test|docs|package ..." >&2
     exit 2
 }
 
@@ -43,6 +45,8 @@ for task in "$@"; do
         build) wanted+=("${build[@]}") ;;
         demo) wanted+=("${demo[@]}") ;;
         test) wanted+=("${test[@]}") ;;
+        docs) wanted+=("${docs[@]}") ;;
+        package) wanted+=("${package[@]}") ;;
         *) usage ;;
     esac
 done

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "platform/InstalledManual.h"
 #include "platform/OpenDocument.h"
 #include "platform/SettingsFolder.h"
 
@@ -185,7 +186,7 @@ void CPresetSystemEditor::switchKeyboardFocus(bool takesFocus) {
 }
 
 void CPresetSystemEditor::openManual() {
-    const std::string path = SettingsFolder().readText("ManualPath").value_or("");
+    const std::string path = SettingsFolder().readText("ManualPath").value_or(installedManual());
     const OpenResult result = path.empty() ? OpenResult::Failed : openDocument(path);
     switch (result) {
         case OpenResult::Opened:

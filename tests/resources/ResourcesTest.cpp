@@ -10,6 +10,7 @@
 #include <cstring>
 #include <set>
 
+#include "resources/paint/CaptionTable.h"
 #include "resources/paint/StripTable.h"
 
 using namespace tessel8;
@@ -53,26 +54,22 @@ double luminance(uint32_t colour) {
 }  // namespace
 
 TEST(Pictures, HaveTheirSizesAndShowNoSeamWhereverTheyStand) {
-    const Picture panel = decoded(paint::kBackground);
+    const Picture panel = decoded(kBackgroundPicture);
     ASSERT_EQ(panel.pixels.size(), 870u * 565u);
     for (const Strip& entry : paint::stripTable()) {
         const Picture strip = decoded(entry.number);
         ASSERT_EQ(strip.width, entry.width) << entry.number;
         ASSERT_EQ(strip.height, entry.height * entry.images) << entry.number;
-        for (const paint::Place& place : entry.places) {
-            for (int32_t i = 0; i < place.count && !entry.ownRim; ++i) {
-                const int32_t left = place.left + i * place.stepX,
-                              top = place.top + i * place.stepY;
-                int32_t largest = 0;
-                for (int32_t at = 0; at < int32_t(strip.pixels.size()); ++at) {
-                    const int32_t x = at % entry.width, row = at / entry.width % entry.height;
-                    if (x % (entry.width - 1) == 0 || row % (entry.height - 1) == 0) {
-                        const uint32_t ground = panel.at(left + x, top + row);
-                        largest = std::max(largest, difference(strip.pixels[at], ground));
-                    }
+        for (const paint::Box& place : entry.places) {
+            int32_t largest = 0;
+            for (int32_t at = 0; at < int32_t(strip.pixels.size()) && !entry.ownRim; ++at) {
+                const int32_t x = at % entry.width, row = at / entry.width % entry.height;
+                if (x % (entry.width - 1) == 0 || row % (entry.height - 1) == 0) {
+                    const uint32_t ground = panel.at(place.left + x, place.top + row);
+                    largest = std::max(largest, difference(strip.pixels[at], ground));
                 }
-                EXPECT_LE(largest, 6) << entry.number << " at " << left << ", " << top;
             }
+            EXPECT_LE(largest, 6) << entry.number << " at " << place.left << ", " << place.top;
         }
     }
 }
@@ -93,19 +90,58 @@ TEST(Pictures, TellEveryStepFromTheOneBeforeAndEveryLetterFromAllOthers) {
     }
 }
 
-TEST(Captions, OfTheColumnsAreHighAndClear) {
-    const Picture panel = decoded(paint::kBackground);
-    for (const int32_t left : {26, 81, 103, 130, 161, 200, 346, 490, 514, 547, 582, 617, 655, 676,
-                               695, 728, 757, 789, 816}) {
-        int32_t rows = 0;
-        for (int32_t y = 182; y < 191; ++y) {  // below the sections' titles
-            double brightest = 0;
-            for (int32_t x = left; x < left + 20; ++x) {
-                brightest = std::max(brightest, luminance(panel.at(x, y)));
-            }
-            rows += (brightest + 0.05) / (luminance(panel.at(23, 182)) + 0.05) >= 4.5;
+/// How many rows of a word have a pixel of at least 4.5 times the contrast with the ground: bold
+/// letters leave that a quarter of their box at least.
+int32_t clearRows(const Picture& panel, const paint::Box& word) {
+    std::vector<double> light;
+    for (int32_t y = word.top - 1; y <= word.bottom; ++y) {
+        for (int32_t x = word.left; x < word.right; ++x) {
+            light.push_back(luminance(panel.at(x, y)));
         }
-        EXPECT_GE(rows, 7) << "the head at " << left;
+    }
+    std::vector<double> sorted = light;
+    std::ranges::nth_element(sorted, sorted.begin() + sorted.size() / 4);
+    const double ground = sorted[sorted.size() / 4];
+    int32_t rows = 0;
+    for (int32_t row = 1; row <= word.height(); ++row) {
+        const auto first = light.begin() + row * word.width();
+        rows += (*std::max_element(first, first + word.width()) + 0.05) / (ground + 0.05) >= 4.5;
+    }
+    return rows;
+}
+
+TEST(Captions, AreHighAndClear) {
+    const Picture panel = decoded(kBackgroundPicture);
+    for (const paint::Caption& caption : paint::captions()) {
+        constexpr double kBefore[] = {0, 0.5, 1};                  // of the width, by the alignment
+        const double width = 4 + 3.0 * std::strlen(caption.word);  // narrow letters
+        const double left = caption.x - kBefore[size_t(caption.style.align)] * width;
+        const int32_t foot = int32_t(caption.y), high = int32_t(caption.style.capHeight);
+        EXPECT_GE(clearRows(panel, {int32_t(left), foot - high, int32_t(left + width), foot}), 7)
+            << caption.word << " at " << caption.x << ", " << caption.y;
+    }
+    for (const paint::Section& section : paint::sections()) {
+        const int32_t foot = int32_t(section.top + paint::kSectionTitle);
+        EXPECT_GE(clearRows(panel, {int32_t(section.left), foot - 7, int32_t(section.right), foot}),
+                  7)
+            << section.title;
+    }
+    for (const paint::DisplayWord& word : paint::displayWords()) {
+        EXPECT_EQ(clearRows(panel, {word.left, word.top, word.right, word.top + 7}), 7)
+            << word.word;
+    }
+}
+
+TEST(Captions, StandOverWhatResetsTheirColumns) {
+    for (const PanelRow& row : panelRows()) {
+        const PanelPlace& at = row.place;
+        EXPECT_TRUE(row.kind != ControlKind::ColumnHead ||
+                    std::ranges::any_of(paint::captions(),
+                                        [&at](const paint::Caption& caption) {
+                                            return caption.x > at.left && caption.x < at.right &&
+                                                   caption.y > at.top && caption.y < at.bottom;
+                                        }))
+            << row.tag;
     }
 }
 

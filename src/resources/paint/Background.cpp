@@ -9,7 +9,7 @@ namespace tessel8::paint {
 
 namespace {
 
-constexpr int32_t kFieldLeft = 20, kFieldRight = 850, kFirstRow = 192;
+constexpr int32_t kFieldLeft = 10, kFieldRight = 865;
 constexpr double kBrushing = 0.055;  // opacity of the strongest streak
 constexpr int32_t kFeedbackTop = 480, kFeedbackBottom = 532;
 
@@ -51,15 +51,13 @@ void drawColumns(const Canvas& canvas) {
     }
 }
 
-/// A stronger rule after four taps, beside and between the controls, for the eye to count by.
-void drawCountingRule(const Canvas& canvas) {
-    const int32_t y = kFirstRow + 4 * kRowPitch - 1;
-    constexpr Box kPieces[] = {
-        {9, y, 26, y + 2}, {847, y, 866, y + 2}, {122, y, 125, y + 2}, {486, y, 490, y + 2}};
-    for (const Box& piece : kPieces) {
-        canvas.block(piece.left, piece.top, piece.width(), piece.height(), kRowLine);
+/// Bars beside the rows, four and four, for the eye to count by; a rule above the master feedback.
+void drawGroups(const Canvas& canvas) {
+    for (int32_t group = 0; group < 2; ++group) {
+        const double top = kFirstRow + 4.0 * kRowPitch * group + 4;
+        canvas.rounded(kFieldLeft + 5, top, 2, 4 * kRowPitch - 8, 1);
     }
-    // The master feedback below the taps is another thing altogether.
+    canvas.fill(kRowLine);
     canvas.block(kFieldLeft, kFeedbackTop, kFieldRight - kFieldLeft, 1, kAmber.withAlpha(0.75));
     canvas.block(kFieldLeft, kFeedbackTop + 1, kFieldRight - kFieldLeft, 1, kRowDark);
 }
@@ -92,14 +90,13 @@ Picture paintBackground() {
     drawPlate(canvas);
     drawField(canvas);
     drawColumns(canvas);
-    drawCountingRule(canvas);
+    drawGroups(canvas);
     drawWell(canvas, {41, 97, 200, 164});
     drawWell(canvas, {676, 88, 835, 164});
     drawWell(canvas, {676, 15, 835, 85});
     drawPresetField(canvas);
     paintDisplayGround(canvas);
     paintCaptions(canvas);
-    drawTiles(canvas, 308, 514, 7, 21.5, kAmber);
     drawTiles(canvas, 552, 556.5, 6, 6.6, kMint);
     canvas.over(panel);
     return panel;

@@ -1,7 +1,6 @@
 // The green display: its glass, and the words that stand on it in both of its modes.
 
-#include <string>
-
+#include "resources/paint/CaptionTable.h"
 #include "resources/paint/Families.h"
 #include "resources/paint/PixelFont.h"
 
@@ -10,17 +9,6 @@ namespace tessel8::paint {
 namespace {
 
 constexpr Box kGlass = {220, 35, 650, 150};
-
-struct Word {
-    int32_t left, right, top;
-    const char* text;
-};
-
-const Word kWords[] = {
-    {336, 363, 136, "NOTE"},     {390, 423, 136, "BPM"},      {578, 595, 77, "NUM"},
-    {598, 611, 77, "Hz"},        {614, 631, 77, "DEN"},       {568, 641, 88, "LFO PHASE"},
-    {568, 641, 111, "EF SPEED"}, {565, 613, 136, "EF INPUT"},
-};
 
 }  // namespace
 
@@ -43,8 +31,8 @@ void paintDisplayGround(const Canvas& canvas) {
     canvas.block(441, 40, 1, 106, kLcdDim);
     canvas.block(559, 40, 1, 106, kLcdDim);
     canvas.block(225, 122, 210, 1, kLcdDim);
-    for (const Word& word : kWords) {
-        drawPixelsBetween(canvas, word.text, word.left, word.right, word.top, kLcdSoft);
+    for (const DisplayWord& word : displayWords()) {
+        drawPixelsBetween(canvas, word.word, word.left, word.right, word.top, kLcdSoft);
     }
     canvas.block(412, 130, 1, 2, kLcdText);  // decimal points of the tempo and of the LFO
     canvas.block(604, 72, 1, 2, kLcdText);

@@ -1,7 +1,8 @@
 // The filter types: the shape of the response over the name.
 
+#include <algorithm>
 #include <cmath>
-#include <functional>
+#include <cstdlib>
 #include <string>
 
 #include "resources/paint/Families.h"
@@ -91,37 +92,39 @@ void paintFilterType(const Canvas& canvas, const Image& image) {
             canvas.stroke(kLcdText, 1.3);
         }
     }
-    drawPixelsBetween(canvas, type.name, ground.left, ground.right, ground.bottom - 9, kLcdText);
+    drawName(canvas, type.name, ground.centreX(), ground.bottom - 9, kLcdText);
 }
 
+/// The waves, one period each, as the columns of a picture of dots: heights from -3 to 3.
 void paintWaves(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
-    const std::function<double(double)> waves[] = {
-        [](double x) {
-            const double sine = std::sin(x * 6.2832);
-            return std::copysign(std::pow(std::abs(sine), 0.65), sine);
-        },
-        [](double x) { return x < 0.5 ? 1.0 : -1.0; },
-        [](double x) { return x < 0.25   ? 4 * x
-                              : x < 0.75 ? 2 - 4 * x
-                                         : 4 * x - 4; },
-        [](double x) { return 1 - 4 * std::fmod(x, 0.5); },
-        [](double x) {
-            constexpr double kSteps[] = {0.3, -0.7, 1, -0.2, -1};
-            return kSteps[int32_t(x * 4.99)];
-        },
+    constexpr int32_t kWaves = 5, kColumns = 12;
+    constexpr int32_t kHeights[kWaves][kColumns] = {
+        {0, 2, 3, 3, 3, 2, 0, -2, -3, -3, -3, -2},    // sine
+        {3, 3, 3, 3, 3, 3, -3, -3, -3, -3, -3, -3},   // square
+        {0, 1, 2, 3, 2, 1, 0, -1, -2, -3, -2, -1},    // triangle
+        {3, 2, 1, -1, -2, -3, 3, 2, 1, -1, -2, -3},   // saw
+        {1, 1, 1, -2, -2, 3, 3, -1, -1, -1, -3, -3},  // random
     };
-    for (int32_t i = 0; i < 5; ++i) {
-        const double left = box.left + 79.0 * i / 5, right = box.left + 79.0 * (i + 1) / 5;
+    for (int32_t i = 0; i < kWaves; ++i) {
+        const int32_t left = box.left + (79 * i + 2) / kWaves,
+                      right = box.left + (79 * (i + 1) + 2) / kWaves;
         const bool lit = i == image.index;
-        canvas.rounded(std::round(left) + 1, box.top + 1, std::round(right - left) - 2, 9, 1.5);
+        canvas.rounded(left + 1, box.top + 1, right - left - 2, 9, 1.5);
         canvas.fill(lit ? kLcdText : kLcdDeep);
-        cairo_new_path(canvas.cairo());
-        for (int32_t step = 0; step <= 40; ++step) {
-            cairo_line_to(canvas.cairo(), left + 2.8 + (right - left - 5.6) * step / 40,
-                          box.top + 5.5 - 3 * waves[i](step / 40.0));
+        const int32_t middle = box.top + 5, first = (left + right - kColumns) / 2;
+        int32_t before = kHeights[i][0];
+        for (int32_t column = 0; column < kColumns; ++column) {
+            // A step of more than one row is joined within its column.
+            const int32_t height = kHeights[i][column];
+            const int32_t near =
+                std::abs(height - before) > 1 ? before + (height > before ? 1 : -1) : height;
+            const int32_t top = middle - std::max(height, near),
+                          foot = middle - std::min(height, near);
+            canvas.rectangle(first + column, top, 1, foot - top + 1);
+            before = height;
         }
-        canvas.stroke(lit ? kLcdInk : kLcdSoft, 1.1);
+        canvas.fill(lit ? kLcdInk : kLcdSoft);
     }
 }
 

@@ -160,6 +160,7 @@ void paintMeterScale(const Canvas& canvas, const Image& image) {
         canvas.block(x, box.top, 1, 1, kLcdSoft);
         canvas.block(x, box.bottom - 1, 1, 1, kLcdSoft);
     }
+    drawNarrow(canvas, "dB", box.right - 3.5, box.top + 2, kLcdSoft);
 }
 
 }  // namespace tessel8::paint

@@ -22,9 +22,9 @@ struct ToggleRow {
 };
 
 const ToggleRow kToggles[] = {
-    {141, "FB", kAmber}, {194, "~", kMint},  {198, "ON", kCoral}, {204, "PRE", kCoral},
-    {203, "", kViolet},  {201, "", kIce},    {240, "", kAmber},   {142, "", kRose},
-    {210, "", kAmber},   {193, "~", kAmber}, {199, "", kCoral},   {208, "ON", kViolet, 8},
+    {141, "FB", kAmber}, {194, "~", kMint}, {198, "ON", kCoral}, {204, "PRE", kCoral},
+    {203, "", kViolet},  {201, "", kIce},   {240, "", kAmber},   {142, "", kRose},
+    {210, "", kAmber},   {193, "", kAmber}, {199, "", kCoral},   {208, "ON", kViolet, 8},
 };
 
 struct TwoWayRow {
@@ -59,20 +59,19 @@ void drawLabel(const Canvas& canvas, const std::string& text, const Box& box, do
 /// The lamp of a key without a word: a bar on a tall key, a dot on a small one.
 void drawLamp(const Canvas& canvas, const Box& box, bool on, Colour colour) {
     const double x = box.centreX(), y = box.centreY();
+    const Colour edge = on ? mix(colour, kBlack, 0.25) : kWell;
+    const Colour light = on ? mix(colour, kWhite, 0.9) : mix(colour, kWell, 0.78);
     if (box.height() < 20) {
-        canvas.circle(x, y, 2.3);
-        canvas.fill(on ? kInk : kWell);
+        canvas.circle(x, y, 2.6);
+        canvas.fill(edge);
+        canvas.circle(x, y, 1.9);
+        canvas.fill(light);
         return;
     }
-    canvas.rounded(x - 4, y - 8, 8, 16, 2.5);
-    canvas.fill(on ? mix(colour, kBlack, 0.35) : kWell);
-    if (on) {
-        canvas.rounded(x - 3, y - 7, 6, 14, 2);
-        canvas.fill(mix(colour, kWhite, 0.85));
-    } else {
-        canvas.rounded(x - 3, y - 7, 6, 14, 2);
-        canvas.fill(mix(colour, kWell, 0.78));
-    }
+    canvas.rounded(x - 2.5, y - 8, 5, 16, 2.5);
+    canvas.fill(edge);
+    canvas.rounded(x - 2, y - 7.5, 4, 15, 2);
+    canvas.fill(light);
 }
 
 }  // namespace

@@ -105,9 +105,11 @@ void paintMidiKey(const Canvas& canvas, const Image& image) {
     const bool pressed = image.index == 1;
     canvas.rounded(image.box.left, image.box.top + 1, image.box.width(), 9, 1.5);
     canvas.fill(pressed ? kLcdText : kLcdDeep);
-    for (int32_t i = 0; i < kWidth * kHeight; ++i) {
-        if (dots[i] == '#') {
-            canvas.rectangle(image.box.left + 2 + i % kWidth, image.box.top + 2 + i / kWidth, 1, 1);
+    for (int32_t y = 0; y < kHeight; ++y) {
+        for (int32_t x = 0; x < kWidth; ++x) {
+            if (dots[y * kWidth + x] == '#') {
+                canvas.rectangle(image.box.left + 2 + x, image.box.top + 2 + y, 1, 1);
+            }
         }
     }
     canvas.fill(lcdKeyInk(pressed));

@@ -14,7 +14,9 @@ struct Colour {
 
 /// The colour that lies `share` (0 to 1) of the way from `a` to `b`.
 constexpr Colour mix(Colour a, Colour b, double share) {
-    const auto blend = [share](uint8_t x, uint8_t y) { return uint8_t(x + (y - x) * share + 0.5); };
+    const auto blend = [share](uint8_t x, uint8_t y) {
+        return uint8_t(x + (y - x) * share + 0.5);  // NOLINT: never negative
+    };
     return {blend(a.red, b.red), blend(a.green, b.green), blend(a.blue, b.blue),
             a.alpha + (b.alpha - a.alpha) * share};
 }

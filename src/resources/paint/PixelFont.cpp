@@ -1,7 +1,7 @@
 #include "resources/paint/PixelFont.h"
 
 #include <cmath>
-#include <vector>
+#include <span>
 
 #include "resources/paint/PixelGlyphs.h"
 
@@ -9,7 +9,7 @@ namespace tessel8::paint {
 
 namespace {
 
-constexpr int32_t kWide = 5, kNarrow = 3;
+constexpr int32_t kWide = 5, kName = 4, kNarrow = 3;
 
 const char* dotsOf(char code) {
     return code >= 32 ? kGlyphs[code - 32] : kGlyphs[0];
@@ -17,12 +17,28 @@ const char* dotsOf(char code) {
 
 void drawDots(const Canvas& canvas, const char* dots, int32_t width, int32_t left, int32_t top,
               Colour colour) {
-    for (int32_t i = 0; i < width * kPixelHeight; ++i) {
-        if (dots[i] == '#') {
-            canvas.rectangle(left + i % width, top + i / width, 1, 1);
+    for (int32_t y = 0; y < kPixelHeight; ++y) {
+        for (int32_t x = 0; x < width; ++x) {
+            if (dots[y * width + x] == '#') {
+                canvas.rectangle(left + x, top + y, 1, 1);
+            }
         }
     }
     canvas.fill(colour);
+}
+
+void drawLetters(const Canvas& canvas, std::span<const NarrowGlyph> letters, int32_t width,
+                 const std::string& text, double x, int32_t top, Colour colour) {
+    const int32_t pitch = width + 1;
+    auto left = int32_t(std::floor(x - (double(text.size()) * pitch - 1) / 2 + 0.5));
+    for (const char code : text) {
+        for (const NarrowGlyph& glyph : letters) {
+            if (glyph.code == code) {
+                drawDots(canvas, glyph.dots, width, left, top, colour);
+            }
+        }
+        left += pitch;
+    }
 }
 
 }  // namespace
@@ -42,16 +58,11 @@ void drawPixelsBetween(const Canvas& canvas, const std::string& text, int32_t le
 
 void drawNarrow(const Canvas& canvas, const std::string& text, double x, int32_t top,
                 Colour colour) {
-    constexpr int32_t kPitch = kNarrow + 1;
-    auto left = int32_t(std::floor(x - (double(text.size()) * kPitch - 1) / 2 + 0.5));
-    for (const char code : text) {
-        for (const NarrowGlyph& glyph : kNarrowGlyphs) {
-            if (glyph.code == code) {
-                drawDots(canvas, glyph.dots, kNarrow, left, top, colour);
-            }
-        }
-        left += kPitch;
-    }
+    drawLetters(canvas, kNarrowGlyphs, kNarrow, text, x, top, colour);
+}
+
+void drawName(const Canvas& canvas, const std::string& text, double x, int32_t top, Colour colour) {
+    drawLetters(canvas, kNameGlyphs, kName, text, x, top, colour);
 }
 
 void drawBig(const Canvas& canvas, char code, int32_t left, int32_t top, Colour colour) {

@@ -29,6 +29,9 @@ void drawPixelsBetween(const Canvas& canvas, const std::string& text, int32_t le
 void drawNarrow(const Canvas& canvas, const std::string& text, double x, int32_t top,
                 Colour colour);
 
+/// The 4 x 7 capitals of the filter types, pitch 5; centred on x.
+void drawName(const Canvas& canvas, const std::string& text, double x, int32_t top, Colour colour);
+
 /// One character of the big line, drawn from the 5 x 7 letter with doubled dots and smooth corners.
 void drawBig(const Canvas& canvas, char code, int32_t left, int32_t top, Colour colour);
 

@@ -19,56 +19,44 @@ void drawStripKey(const Canvas& canvas, double left, double top, double width, d
             touch == Touch::kPressed ? KeyState::kLit : KeyState::kOff, kField);
     if (touch == Touch::kHover) {
         canvas.rounded(left + 1, top + 1, width - 2, height - 2, 2);
-        canvas.fill(kField.withAlpha(0.28));
+        canvas.fill(kField.withAlpha(0.25));
     }
 }
 
 Colour inkOf(Touch touch) {
-    return touch == Touch::kPressed ? kFieldInk : kCaption;
+    return touch == Touch::kPressed ? kFieldInk : touch == Touch::kHover ? kWhite : kCaption;
 }
 
 Touch touchOf(const Image& image) {
     return Touch(image.index);
 }
 
-}  // namespace
-
-/// An open folder: load or recall.
-void paintLoadKey(const Canvas& canvas, const Image& image) {
+/// A tray with an arrow: down into it to save or store, up out of it to load or recall.
+void drawTrayKey(const Canvas& canvas, const Image& image, bool into) {
     const Box& box = image.box;
     const Colour ink = inkOf(touchOf(image));
-    drawStripKey(canvas, box.left + 1, box.top + 1, box.width() - 2, 11, touchOf(image));
-    const double x = box.left + 4, y = box.top + 3;
-    cairo_t* cairo = canvas.cairo();
-    cairo_move_to(cairo, x, y + 7);
-    cairo_line_to(cairo, x, y);
-    cairo_line_to(cairo, x + 3, y);
-    cairo_line_to(cairo, x + 4.2, y + 1.5);
-    cairo_line_to(cairo, x + 7.4, y + 1.5);
-    cairo_line_to(cairo, x + 7.4, y + 3);
-    cairo_line_to(cairo, x + 2.4, y + 3);
-    cairo_close_path(cairo);
-    canvas.fill(ink.withAlpha(0.75));
-    cairo_move_to(cairo, x + 0.5, y + 7);
-    cairo_line_to(cairo, x + 2.6, y + 3.4);
-    cairo_line_to(cairo, x + 9.6, y + 3.4);
-    cairo_line_to(cairo, x + 7.6, y + 7);
-    cairo_close_path(cairo);
+    drawStripKey(canvas, box.left + 1, box.top + 1, box.width() - 2, 12, touchOf(image));
+    const double x = box.centreX(), y = box.top + 7, tip = into ? 1.5 : -4.5;
+    const double back = into ? tip - 3.2 : tip + 3.2;
+    canvas.triangle(x, tip + y, x - 3.6, back + y, x + 3.6, back + y);
     canvas.fill(ink);
+    canvas.block(x - 1, y - 4.5, 2, into ? 3.5 : 6, ink);
+    cairo_t* cairo = canvas.cairo();
+    cairo_move_to(cairo, x - 5, y + 0.5);
+    cairo_line_to(cairo, x - 5, y + 3.5);
+    cairo_line_to(cairo, x + 5, y + 3.5);
+    cairo_line_to(cairo, x + 5, y + 0.5);
+    canvas.stroke(ink, 1.3);
 }
 
-/// A disk: save or store.
+}  // namespace
+
+void paintLoadKey(const Canvas& canvas, const Image& image) {
+    drawTrayKey(canvas, image, false);
+}
+
 void paintSaveKey(const Canvas& canvas, const Image& image) {
-    const Box& box = image.box;
-    const bool pressed = touchOf(image) == Touch::kPressed;
-    const Colour ink = inkOf(touchOf(image)), paper = pressed ? kField : kKeyFoot;
-    drawStripKey(canvas, box.left + 1, box.top + 1, box.width() - 2, 11, touchOf(image));
-    const double x = box.left + 4.5, y = box.top + 2.5;
-    canvas.rounded(x, y, 8, 8, 1);
-    canvas.fill(ink);
-    canvas.block(x + 2, y, 4, 2.5, paper);
-    canvas.block(x + 4.2, y + 0.5, 1, 1.5, ink);
-    canvas.block(x + 1.6, y + 4.5, 4.8, 3.5, paper);
+    drawTrayKey(canvas, image, true);
 }
 
 void paintStripLabel(const Canvas& canvas, const Image& image) {

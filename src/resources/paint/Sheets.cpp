@@ -6,7 +6,6 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "resources/paint/PixelFont.h"
 #include "resources/paint/Text.h"
 
 namespace tessel8::paint {
@@ -37,35 +36,6 @@ Picture imageOf(const Strip& strip, const Picture& whole, int32_t index) {
     return whole.crop({0, strip.height * image, strip.width, strip.height * (image + 1)});
 }
 
-void putText(Picture& panel, const Picture& sheet, const Strip& strip, const std::string& text,
-             int32_t left, int32_t top, int32_t pitch) {
-    for (size_t i = 0; i < text.size(); ++i) {
-        panel.put(imageOf(strip, sheet, text[i]), left + int32_t(i) * pitch, top);
-    }
-}
-
-const Strip& stripOf(int32_t number) {
-    const auto& table = stripTable();
-    return *std::find_if(table.begin(), table.end(),
-                         [number](const Strip& strip) { return strip.number == number; });
-}
-
-/// Stems and flags about as the graph draws them: the preview would be empty without.
-void putStems(Picture& panel) {
-    const Canvas canvas({0, 0, panel.width, panel.height});
-    for (int32_t tap = 0; tap < kTaps; ++tap) {
-        const int32_t x = 225 + 36 * (tap + 1), y = 75, top = 45 + 5 * tap;
-        const bool on = tap != 5;
-        canvas.block(x, std::min(y, top), 3, std::abs(y - top) + 1, kLcd);
-        if (tap % 2 == 0) {
-            canvas.block(x + 1, std::min(y, top) + 1, 1, std::abs(y - top) - 1, kLcdLight);
-        }
-        canvas.block(x + 3, y - 10, 9, 11, on ? kLcd : kLcdLight);
-        drawPixels(canvas, std::to_string(tap + 1), x + 5, y - 8, on ? kLcdLight : kLcd);
-    }
-    canvas.over(panel);
-}
-
 Picture magnified(const Picture& picture, int32_t times) {
     Picture large(picture.width * times, picture.height * times);
     for (int32_t y = 0; y < large.height; ++y) {
@@ -77,41 +47,6 @@ Picture magnified(const Picture& picture, int32_t times) {
 }
 
 }  // namespace
-
-void writePreview(const Pictures& pictures, Mode mode, const std::string& path) {
-    Picture panel = pictures.at(kBackground);
-    for (const Strip& strip : stripTable()) {
-        for (const Place& place : strip.places) {
-            if (place.mode != Mode::kBoth && place.mode != mode) {
-                continue;
-            }
-            for (int32_t i = 0; i < place.count; ++i) {
-                int32_t image = place.shown + i * place.shownStep;
-                if (strip.number == 161 && mode == Mode::kGraph) {
-                    image += 11;
-                }
-                panel.put(imageOf(strip, pictures.at(strip.number), image),
-                          place.left + i * place.stepX, place.top + i * place.stepY);
-            }
-        }
-    }
-    if (mode == Mode::kPanel) {
-        putText(panel, pictures.at(245), stripOf(245), "DEL2:16 T.16", 225, 80, 18);
-        putText(panel, pictures.at(247), stripOf(247), "Tap 2 Delay Time: Value        Note", 225,
-                98, 6);
-    }
-    if (mode == Mode::kGraph) {
-        putStems(panel);
-    }
-    const Canvas words({0, 0, panel.width, panel.height});
-    TextStyle style;
-    style.capHeight = 8;
-    style.bold = false;
-    style.colour = kFieldInk;
-    drawText(words, "Dotted Tessellation", 273, 561, style);
-    words.over(panel);
-    writePng(panel, path);
-}
 
 void writeContactSheet(const Pictures& pictures, const std::string& path) {
     Picture sheet(kSheetWidth, 6000);

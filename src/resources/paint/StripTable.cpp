@@ -7,159 +7,60 @@ namespace tessel8::paint {
 
 namespace {
 
-constexpr Place row(int32_t left, int32_t top, int32_t shown = 0, int32_t shownStep = 0) {
-    return {left, top, kTaps, 0, kRowPitch, Mode::kBoth, shown, shownStep};
-}
-constexpr Place at(int32_t left, int32_t top, int32_t shown = 0, Mode mode = Mode::kBoth) {
-    return {left, top, 1, 0, 0, mode, shown, 0};
-}
-constexpr Place inPanel(int32_t left, int32_t top, int32_t shown = 0) {
-    return at(left, top, shown, Mode::kPanel);
-}
-constexpr Place bars(int32_t shown, int32_t shownStep) {
-    return {453, 51, kTaps, 10, 0, Mode::kPanel, shown, shownStep};
-}
-
-constexpr Place swappedBars() {
-    return {453, 51, kTaps, 10, 0, Mode::kSwapped};
-}
-
 /// Glyphs, scales, bars and lamps that fill their rectangles; the halves of one window; the graph.
 constexpr int32_t kOwnRims[] = {145, 146, 147, 148, 149, 150, 151, 152, 153, 157, 159, 161,
                                 162, 164, 165, 166, 173, 174, 175, 178, 179, 180, 181, 182,
                                 183, 184, 185, 190, 192, 241, 242, 245, 246, 247, 988, 989};
 
+constexpr int32_t kTapPad = 219, kBigGlyphs = 245, kSmallGlyphs = 247;
+
+Strip& sized(std::vector<Strip>& table, int32_t number, int32_t width, int32_t height,
+             int32_t images) {
+    const auto known = std::ranges::find(table, number, &Strip::number);
+    if (known != table.end()) {
+        return *known;
+    }
+    const bool ownRim = std::ranges::find(kOwnRims, number) != std::end(kOwnRims);
+    return table.emplace_back(Strip{number, width, height, images, {}, ownRim});
+}
+
+void place(std::vector<Strip>& table, int32_t number, int32_t images, const PanelPlace& at) {
+    const Box box = {at.left, at.top, at.right, at.bottom};
+    sized(table, number, box.width(), box.height(), images).places.push_back(box);
+}
+
+void placeControl(std::vector<Strip>& table, const PanelRow& row) {
+    if (row.kind == ControlKind::BigText) {  // what it shows is its ground
+        place(table, kBigTextGround, 1, row.place);
+    } else if (row.kind != ControlKind::SmallText && row.strip != 0 &&
+               row.strip != kBackgroundPicture) {
+        for (int32_t i = 0; i < row.count; ++i) {
+            place(table, row.strip + i * row.stripStep, row.images, row.placeOf(i));
+        }
+    }
+    if (row.strip == kTapPad) {
+        place(table, kTapPadLit, row.images, row.place);
+    }
+}
+
 std::vector<Strip> makeTable() {
-    std::vector<Strip> table = {
-        // Master and reverb.
-        {197, 57, 57, 2, {at(46, 21, 1)}},
-        {196, 51, 50, 101, {at(45, 117, 50)}},
-        {237, 50, 50, 101, {at(145, 117, 50)}},
-        {195, 48, 50, 101, {at(97, 117, 50)}},
-        {219, 57, 57, 2, {at(766, 21)}},
-        {220, 57, 57, 2, {at(766, 21, 0, Mode::kSwapped)}},
-        {221, 38, 40, 2, {at(724, 44)}},
-        {208, 39, 30, 2, {at(681, 92, 1)}},
-        {207, 35, 40, 2, {at(717, 124)}},
-        {209, 38, 40, 2, {at(679, 124, 1)}},
-        {205, 38, 41, 101, {at(753, 125, 12)}},
-        {206, 40, 39, 101, {at(790, 125, 50)}},
-        // Tap rows.
-        {238, 33, 35, 101, {row(76, 193, 35)}},
-        {240, 13, 12, 2, {row(109, 195)}},
-        {133, 35, 34, 101, {row(125, 194, 50)}},
-        {131, 35, 34, 101, {row(160, 194, 88)}},
-        {222, 35, 34, 101, {row(195, 194, 15, 10)}},
-        {138, 15, 33, 2, {row(471, 195)}},
-        {137, 15, 33, 2, {row(230, 194)}},
-        {135, 226, 36, 201, {row(245, 192, 25, 25)}},
-        {141, 19, 15, 2, {row(56, 196, 1)}},
-        {194, 19, 15, 2, {row(56, 211)}},
-        {198, 21, 15, 2, {row(728, 196, 1)}},
-        {204, 21, 15, 2, {row(728, 211)}},
-        {223, 38, 35, 101, {row(751, 193, 50)}},
-        {203, 21, 30, 2, {row(788, 196)}},
-        {224, 37, 35, 101, {row(809, 193, 50)}},
-        {201, 21, 30, 2, {row(490, 196, 1), at(490, 485, 1)}},
-        {143, 27, 30, 8, {row(513, 196, 0, 1)}},
-        {225, 35, 34, 101, {row(545, 194, 90, -9)}},
-        {226, 35, 34, 101, {row(580, 194, 12)}},
-        {227, 35, 35, 101, {row(615, 193, 50)}},
-        {228, 30, 35, 101, {row(650, 193, 50)}},
-        {142, 12, 12, 2, {row(680, 195)}},
-        {229, 38, 35, 101, {row(691, 193, 62)}},
-        // Feedback row.
-        {210, 21, 30, 2, {at(27, 485, 1)}},
-        {242, 68, 27, 3, {at(52, 487, 0)}},
-        {241, 19, 27, 9, {at(120, 487, 4)}},
-        {134, 37, 36, 101, {at(159, 483, 40)}},
-        {132, 36, 35, 101, {at(195, 483, 0)}},
-        {231, 41, 35, 101, {at(245, 483, 100)}},
-        {193, 12, 13, 2, {at(231, 485)}},
-        {144, 27, 30, 6, {at(513, 485, 0)}},
-        {232, 37, 34, 101, {at(543, 483, 50)}},
-        {233, 37, 34, 101, {at(580, 483, 12)}},
-        {234, 39, 34, 101, {at(647, 483, 50)}},
-        {235, 39, 34, 101, {at(690, 483, 50)}},
-        {243, 50, 33, 2, {at(795, 484)}},
-        {199, 21, 30, 2, {at(729, 485)}},
-        {236, 39, 34, 101, {at(750, 483, 50)}},
-        // Display.
-        {170, 316, 111, 1, {at(222, 37)}},
-        {171, 26, 11, 2, {inPanel(225, 110)}},
-        {172, 33, 11, 2, {inPanel(252, 110)}},
-        {174, 13, 11, 2, {inPanel(317, 110)}},
-        {173, 13, 11, 2, {inPanel(287, 110)}},
-        {175, 13, 11, 2, {inPanel(302, 110)}},
-        {188, 83, 11, 3, {inPanel(351, 110, 1)}},
-        {176, 11, 11, 2, {at(379, 134), at(325, 134), at(250, 134)}},
-        {177, 11, 11, 2, {at(423, 134), at(363, 134), at(309, 134)}},
-        {185,
-         5,
-         7,
-         100,
-         {at(394, 125, 1), at(400, 125, 2), at(406, 125, 0), at(414, 125, 0), at(338, 125, 10),
-          at(344, 125, 30), at(350, 125, 1), at(356, 125, 6), at(592, 67, 10), at(598, 67, 3),
-          at(606, 67, 0), at(612, 67, 0)}},
-        {192, 145, 11, 73, {inPanel(246, 64, 48), inPanel(246, 40, 52)}},
-        {163, 21, 35, 3, {inPanel(413, 40, 1)}},
-        {178, 3, 11, 2, {inPanel(392, 64), inPanel(392, 40, 1)}},
-        {166, 8, 11, 2, {inPanel(399, 64, 1)}},
-        {165, 8, 11, 2, {inPanel(399, 40, 1)}},
-        {164, 17, 7, 2, {inPanel(225, 42, 1), inPanel(225, 66, 1)}},
-        {190, 165, 11, 2, {inPanel(237, 52)}},
-        {161, 17, 95, 22, {at(538, 40, 0)}},
-        {167, 11, 11, 2, {at(448, 134)}},
-        {168, 11, 11, 2, {at(524, 134)}},
-        {179, 59, 7, 11, {at(462, 136)}},
-        {180, 10, 81, 41, {bars(36, -3)}},
-        {181, 10, 81, 41, {swappedBars()}},
-        {184, 10, 81, 41, {swappedBars()}},
-        {153, 5, 81, 1, {inPanel(447, 51), inPanel(531, 51)}},
-        // Modulation.
-        {169, 40, 11, 2, {at(565, 40, 1)}},
-        {187, 27, 11, 2, {at(617, 40)}},
-        {191, 79, 11, 5, {at(565, 53)}},
-        {158, 11, 11, 2, {at(565, 75)}},
-        {189, 11, 11, 2, {at(633, 75)}},
-        {182, 73, 12, 37, {at(568, 96, 18)}},
-        {183, 73, 12, 37, {at(568, 119, 18)}},
-        {186, 27, 11, 10, {at(615, 134)}},
-        // Display, continued.
-        {244, 209, 16, 1, {inPanel(225, 80)}},
-        {245, 11, 16, 128, {}},
-        {246, 7, 16, 4, {}},
-        {247, 5, 7, 128, {}},
-        {157, 48, 20, 19, {at(261, 125, 18)}},
-        {160, 20, 20, 2, {at(225, 125)}},
-        {159, 306, 73, 3, {at(225, 40, 1, Mode::kGraph)}},
-        {162, 306, 7, 19, {at(225, 113, 18, Mode::kGraph)}},
-        {129, 88, 34, 1, {at(111, 57)}},
-        // Preset strip.
-        {995, 30, 13, 5, {at(364, 550)}},
-        {990, 17, 15, 3, {at(88, 550), at(180, 550), at(446, 550), at(511, 550)}},
-        {991, 17, 15, 3, {at(37, 550), at(117, 550), at(413, 550), at(477, 550)}},
-        {992, 32, 13, 3, {at(54, 550)}},
-        {993, 44, 13, 3, {at(135, 550)}},
-        {988, 11, 7, 3, {at(842, 553)}},
-        {989, 11, 9, 3, {at(857, 552)}},
-    };
-    for (int32_t tap = 0; tap < kTaps; ++tap) {
-        table.push_back({211 + tap, 29, 31, 2, {at(27, 195 + kRowPitch * tap, tap != 5)}});
-        table.push_back({145 + tap, 7, 9, 2, {inPanel(453 + 10 * tap, 40, tap != 5)}});
+    std::vector<Strip> table;
+    for (const PanelRow& row : panelRows()) {
+        placeControl(table, row);
     }
-    for (Strip& strip : table) {
-        strip.ownRim = std::ranges::find(kOwnRims, strip.number) != std::end(kOwnRims);
+    for (const PanelRow& row : presetStripRows()) {
+        placeControl(table, row);
     }
+    sized(table, kBigGlyphs, 11, 16, 128);
+    sized(table, kBigTextMarks, 7, 16, 4);
+    sized(table, kSmallGlyphs, 5, 7, 128);
     return table;
 }
 
 }  // namespace
 
 Box Strip::firstBox() const {
-    const int32_t left = places.empty() ? 0 : places[0].left;
-    const int32_t top = places.empty() ? 0 : places[0].top;
-    return {left, top, left + width, top + height};
+    return places.empty() ? Box{0, 0, width, height} : places[0];
 }
 
 const std::vector<Strip>& stripTable() {

@@ -3,20 +3,9 @@
 #include <string>
 
 #include "resources/paint/Canvas.h"
+#include "resources/paint/TextStyle.h"
 
 namespace tessel8::paint {
-
-enum class Align { kLeft, kCentre, kRight };
-
-/// How a caption is set.
-struct TextStyle {
-    double capHeight = 7;  ///< pixels from the baseline to the top of a capital
-    Colour colour = kCaption;
-    Align align = Align::kCentre;
-    double maxWidth = 0;   ///< pixels; a longer text is condensed. 0 is no limit
-    double spacing = 0.4;  ///< pixels between letters
-    bool bold = true;
-};
 
 /// Sets one line of the panel's typeface with its baseline at `y`. Returns the width in pixels.
 double drawText(const Canvas& canvas, const std::string& text, double x, double y,

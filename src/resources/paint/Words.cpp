@@ -68,7 +68,8 @@ void paintSource(const Canvas& canvas, const Image& image) {
 void paintRange(const Canvas& canvas, const Image& image) {
     const Box& box = image.box;
     drawPixelsBetween(canvas, wordOf(image), box.left, box.right, box.top, kLcdText);
-    drawPixelsBetween(canvas, "DEL ZOOM", box.left, box.right, box.top + 11, kLcdSoft);
+    drawPixels(canvas, "DEL", box.left + 2, box.top + 11, kLcdSoft);
+    drawPixels(canvas, "ZOOM", box.left + 23, box.top + 11, kLcdSoft);
 }
 
 void paintSwitchWord(const Canvas& canvas, const Image& image) {

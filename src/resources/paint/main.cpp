@@ -1,5 +1,5 @@
-// Paints the panel: every numbered bitmap, the fonts and the pack of them all, and pictures for
-// whoever looks at the result.
+// Paints the panel: every numbered bitmap, the fonts and the pack of them all, and a sheet of
+// the strips for whoever looks at the result.
 
 #include <cstdio>
 #include <cstring>
@@ -53,7 +53,7 @@ std::vector<uint8_t> packOf(const Parts& parts) {
 paint::Pictures paintAll() {
     paint::Pictures pictures;
     const paint::Picture background = paint::paintBackground();
-    pictures[paint::kBackground] = background;
+    pictures[kBackgroundPicture] = background;
     for (const paint::Strip& strip : paint::stripTable()) {
         pictures[strip.number] = paint::paintStrip(strip, background);
     }
@@ -71,8 +71,6 @@ void run(const fs::path& folder) {
     for (const int32_t size : {9, 12}) {
         parts[resources::kFontNumber - size] = paint::bakeFont(size);
     }
-    writePreview(pictures, paint::Mode::kPanel, folder / "panel_preview.png");
-    writePreview(pictures, paint::Mode::kGraph, folder / "graph_preview.png");
     writeContactSheet(pictures, folder / "contact_sheet.png");
     writeFile(folder / "resources.pack", packOf(parts));
 }
