@@ -47,7 +47,7 @@ TEST_F(ConvertTest, WrongEndingsAndDamagedFilesAreNamed) {
     EXPECT_TRUE(refused(convert(flat('#', "?"), "new.vtp"), "in a form that is known"));
     EXPECT_TRUE(refused(convert(flat('!', "P", std::nanf("")), "new.vtp"), "holds values"));
     EXPECT_TRUE(refused(convert(file("absent"), "new.vtp"), "absent: No such file"));
-    EXPECT_TRUE(refused(runHost({"programs", TESSEL8_HOST}), "is not a file of this effect's"));
+    EXPECT_TRUE(refused(runHost({"programs", __FILE__}), "is not a file of this effect's"));
     EXPECT_FALSE(std::filesystem::exists(file("new.vtp")));
 }
 
