@@ -1,6 +1,7 @@
 // The column heads above the tap rows: a click sets a whole column back.
 
 #include "editor/Tessel8Editor.h"
+#include "parameters/ControlTags.h"
 #include "widgets/RoundKnobs.h"
 
 namespace tessel8 {
@@ -14,7 +15,6 @@ struct Column {
     Reset reset;
 };
 
-constexpr int32_t kFirstColumnHead = 338;
 // By tag; the drive's column also sets its place back.
 constexpr Column kColumns[] = {
     {Family::ActTap, Reset::FirstTapOn},   {Family::AmtFBT, Reset::KnobDefault},
@@ -48,7 +48,7 @@ float resetValue(Reset reset, int32_t tap, CControl* control) {
 }  // namespace
 
 void Tessel8Editor::resetColumn(int32_t tag) {
-    const Column& column = kColumns[size_t(tag - kFirstColumnHead)];
+    const Column& column = kColumns[size_t(tag - kTagFirstColumnHead)];
     for (int32_t tap = 0; tap < kTaps; ++tap) {
         const int32_t index = parameterIndex(column.family, tap);
         effectLink.setParameter(index, resetValue(column.reset, tap, panel->find(index)));

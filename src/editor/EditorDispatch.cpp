@@ -10,15 +10,6 @@ namespace tessel8 {
 
 namespace {
 
-constexpr int32_t kLastPanelTag = 356;  // above it stand logo, displays and the preset strip
-constexpr int32_t kGraphSwitch = 336;
-constexpr int32_t kFirstBar = 218, kLastBar = 305;
-constexpr int32_t kRangeDown = 306, kRangeUp = 307;
-constexpr int32_t kNoteDown = 308, kNoteUp = 309, kTempoUp = 310, kTempoDown = 311;
-constexpr int32_t kEditBack = 329, kEditForward = 330;
-constexpr int32_t kMidiReset = 333, kMidiLoad = 334, kMidiSave = 335, kPanic = 337;
-constexpr int32_t kFirstColumnHead = 338;
-constexpr float kHostLeads = 0.9f;  // `TimeMode` from here on: the host has the tempo
 constexpr float kNumeratorStep = 0.25f, kDenominatorStep = 0.083333336f;
 
 bool isBetween(int32_t tag, int32_t first, int32_t last) {
@@ -34,16 +25,17 @@ int32_t tapOf(int32_t index) {
 void Tessel8Editor::valueChanged(CControl* control) {
     CPresetSystemEditor::valueChanged(control);
     const int32_t tag = control->getTag();
-    if (!panel || tag > kLastPanelTag) {
+    if (!panel || tag > kTagLastColumnHead) {
         return;
     }
     const uint32_t buttons = frame->getCurrentMouseButtons();
     if (isTakenByLearn(tag)) {
         updateIndex(tag);
-        if (tag == kGraphSwitch) {
+        if (tag == kTagGraphMode) {
             control->setValue(graphMode);
         }
-    } else if (isBetween(tag, kTempoUp, kTempoDown) && applied(Family::TimeMode) >= kHostLeads) {
+    } else if (isBetween(tag, kTagTempoUp, kTagTempoDown) &&
+               applied(Family::TimeMode) >= kHostLeads) {
         return;
     } else {
         act(control, tag, control->getValue(), buttons);
@@ -69,14 +61,14 @@ bool Tessel8Editor::isTakenByLearn(int32_t tag) {
 }
 
 void Tessel8Editor::act(CControl* control, int32_t tag, float value, uint32_t buttons) {
-    if (isBetween(tag, kFirstBar, kLastBar)) {
+    if (isBetween(tag, kTagFirstBar, kTagLastBar)) {
         const int32_t index = parameterOfTag(tag);
         setAutomated(index, value);
         editParameter = editParameterOf(index);
         swapEditBars(editParameter, graphMode);
         updateGraphTaps();
         panel->invalidateDirty(index);
-    } else if (tag >= kFirstColumnHead) {
+    } else if (tag >= kTagFirstColumnHead) {
         resetColumn(tag);
     } else if (tag >= kParameterCount) {
         actOnKey(tag, value, buttons);
@@ -190,9 +182,9 @@ void Tessel8Editor::stepLfoNote(int32_t index, float step, uint32_t buttons) {
 }
 
 void Tessel8Editor::actOnKey(int32_t tag, float value, uint32_t buttons) {
-    if (isBetween(tag, kNoteDown, kNoteUp)) {
+    if (isBetween(tag, kTagNoteDown, kTagNoteUp)) {
         pressNoteKey(tag, value);
-    } else if (isBetween(tag, kTempoUp, kTempoDown)) {
+    } else if (isBetween(tag, kTagTempoUp, kTagTempoDown)) {
         pressTempoKey(tag, value);
     } else if (isBetween(tag, command::kStepDelayDown, command::kStepDelayUp + kTaps - 1)) {
         pressDelayKey(tag, value, buttons);
@@ -206,33 +198,33 @@ void Tessel8Editor::actOnKey(int32_t tag, float value, uint32_t buttons) {
         setAutomated(tag, value);
     } else if (tag == command::kMidiLearn) {
         setUnheard(tag, value);
-    } else if (tag == kGraphSwitch) {
+    } else if (tag == kTagGraphMode) {
         setGraphMode(value);
         updateGraphTimes();
     } else if (value != 0.0f) {
         switch (tag) {
-            case kRangeDown:
+            case kTagRangeDown:
                 moveZoom(-1);
                 break;
-            case kRangeUp:
+            case kTagRangeUp:
                 moveZoom(1);
                 break;
-            case kEditBack:
+            case kTagEditParameterBack:
                 moveEditParameter(-1);
                 break;
-            case kEditForward:
+            case kTagEditParameterForward:
                 moveEditParameter(1);
                 break;
-            case kMidiReset:
+            case kTagMidiReset:
                 effectLink.clearControllerMap();
                 break;
-            case kMidiLoad:
+            case kTagMidiLoad:
                 loadMidiSettings();
                 break;
-            case kMidiSave:
+            case kTagMidiSave:
                 saveMidiSettings();
                 break;
-            case kPanic:
+            case kTagPanic:
                 panic();
                 break;
             default:

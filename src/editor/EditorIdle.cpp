@@ -4,6 +4,7 @@
 
 #include "editor/StatusTexts.h"
 #include "editor/Tessel8Editor.h"
+#include "parameters/ControlTags.h"
 #include "widgets/CBigText_2.h"
 #include "widgets/CSmallText_2.h"
 
@@ -13,11 +14,6 @@ namespace {
 
 constexpr uint32_t kMidiHoldMs = 2000;  // after a MIDI change the display keeps its text
 constexpr uint32_t kMidiLampMs = 100;
-constexpr int32_t kLogo = 357;
-constexpr int32_t kMidiLamp = 425;
-constexpr int32_t kLowerMeter = 424, kUpperMeter = 423;
-constexpr int32_t kBigText = 419, kSmallText = 420, kEditName = 331;
-constexpr float kHostLeads = 0.9f;  // `TimeMode` above it
 
 }  // namespace
 
@@ -53,8 +49,8 @@ void Tessel8Editor::showHoverText(uint32_t now) {
     }
     const bool learning = isLearning();
     // With nothing under the pointer the credits go on, and any other text stays.
-    const int32_t hover = hoverTag < 0 && hoverShown == kLogo ? kLogo : hoverTag;
-    if (hover > -2 && hover <= kLogo && hover != hoverLast) {
+    const int32_t hover = hoverTag < 0 && hoverShown == kTagLogo ? kTagLogo : hoverTag;
+    if (hover > -2 && hover <= kTagLogo && hover != hoverLast) {
         if (learning) {
             showMidiAssignment(hover);
         } else {
@@ -72,9 +68,9 @@ void Tessel8Editor::updateStatus(int32_t tag) {
     if (!panel || tag < 0) {
         return;
     }
-    auto* const big = panel->get<CBigText_2>(kBigText);
-    auto* const small = panel->get<CSmallText_2>(kSmallText);
-    if (tag == kLogo) {
+    auto* const big = panel->get<CBigText_2>(kTagBigText);
+    auto* const small = panel->get<CSmallText_2>(kTagSmallText);
+    if (tag == kTagLogo) {
         if (const char* const line = scrollingTexts.nextBanner(clock.now())) {
             big->setRawText(line);
         }
@@ -91,14 +87,13 @@ void Tessel8Editor::updateStatus(int32_t tag) {
         small->setText(text.smallLine);
         showBesideStatus(tag);
     }
-    if (CControl* const name = panel->find(kEditName)) {
+    if (CControl* const name = panel->find(kTagEditParameterStrip)) {
         name->setValue(float(editParameter) / float(kEditParameterCount - 1));
     }
     showEditStrip(editParameter);
 }
 
 void Tessel8Editor::showBesideStatus(int32_t tag) {
-    constexpr int32_t kEditBack = 329;
     switch (tag) {
         case parameterIndex(Family::TimeMode):
             panel->show(tag, applied(tag));
@@ -116,7 +111,7 @@ void Tessel8Editor::showBesideStatus(int32_t tag) {
             showDigits(parameterIndex(Family::FreqMod), lfoDigits(applied(Family::FreqMod)));
             break;
         default:
-            if (tag >= kEditBack && tag <= kEditName) {
+            if (tag >= kTagEditParameterBack && tag <= kTagEditParameterStrip) {
                 swapEditBars(editParameter, graphMode);
             }
     }
@@ -125,8 +120,8 @@ void Tessel8Editor::showBesideStatus(int32_t tag) {
 void Tessel8Editor::showMidiAssignment(int32_t tag) {
     if (panel) {
         const StatusText text = midiAssignmentText(effectLink, tag);
-        panel->get<CBigText_2>(kBigText)->setText(text.bigLine);
-        panel->get<CSmallText_2>(kSmallText)->setText(text.smallLine);
+        panel->get<CBigText_2>(kTagBigText)->setText(text.bigLine);
+        panel->get<CSmallText_2>(kTagSmallText)->setText(text.smallLine);
     }
 }
 
@@ -140,7 +135,7 @@ void Tessel8Editor::refreshSyncedTaps() {
 }
 
 void Tessel8Editor::moveMeters(uint32_t now) {
-    constexpr int32_t kLampTag = 328, kLampStrip = 178, kLowerLamp = 0, kUpperLamp = 1;
+    constexpr int32_t kLampStrip = 178, kLowerLamp = 0, kUpperLamp = 1;
     Meters::Levels in{}, out{}, shown{};
     const float mode = applied(command::kMeterMode);
     const bool showsInput = mode == 0.0f, showsOutput = mode == 0.5f;
@@ -162,10 +157,10 @@ void Tessel8Editor::moveMeters(uint32_t now) {
             control->setValue(value);
         }
     };
-    set(panel->find(kUpperMeter), meters.level(0));
-    set(panel->find(kLowerMeter), meters.level(1));
-    set(panel->find(kLampTag, kLampStrip, kUpperLamp), meters.isClipping(0) ? 1.0f : 0.0f);
-    set(panel->find(kLampTag, kLampStrip, kLowerLamp), meters.isClipping(1) ? 1.0f : 0.0f);
+    set(panel->find(kTagUpperMeter), meters.level(0));
+    set(panel->find(kTagLowerMeter), meters.level(1));
+    set(panel->find(kTagMeterMode, kLampStrip, kUpperLamp), meters.isClipping(0) ? 1.0f : 0.0f);
+    set(panel->find(kTagMeterMode, kLampStrip, kLowerLamp), meters.isClipping(1) ? 1.0f : 0.0f);
 }
 
 void Tessel8Editor::pollValues() {
@@ -182,7 +177,7 @@ void Tessel8Editor::pollValues() {
 }
 
 void Tessel8Editor::putOutMidiLamp(uint32_t now) {
-    CControl* const lamp = panel->find(kMidiLamp);
+    CControl* const lamp = panel->find(kTagMidiLamp);
     if (lamp && float(now) - applied(reading::kMidiStamp) > float(kMidiLampMs)) {
         lamp->setValue(0.0f);
     }

@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "editor/Tessel8Editor.h"
+#include "parameters/ControlTags.h"
 #include "toolkit/CControl.h"
 
 namespace tessel8 {
 
 namespace {
 
-constexpr int32_t kNoteDown = 308, kNoteUp = 309, kTempoUp = 310, kTempoDown = 311;
 constexpr uint32_t kNoteFirstMs = 1500, kNoteNextMs = 200;
 constexpr uint32_t kTempoFirstMs = 500, kTempoNextMs = 50, kTempoFastMs = 1;
 constexpr uint32_t kTempoFastAfterMs = 2000, kTempoWideAfterMs = 4000;
@@ -27,7 +27,7 @@ bool isDown(const CControl* key) {
 }  // namespace
 
 void Tessel8Editor::stepNote(int32_t tag) {
-    float note = applied(Family::Note) + (tag == kNoteUp ? kNoteStep : -kNoteStep);
+    float note = applied(Family::Note) + (tag == kTagNoteUp ? kNoteStep : -kNoteStep);
     note = note > 1.0f ? kNoteStep : note < kNoteStep ? 1.0f : note;
     setAutomated(parameterIndex(Family::Note), note);
 }
@@ -44,7 +44,7 @@ void Tessel8Editor::pressNoteKey(int32_t tag, float value) {
 }
 
 void Tessel8Editor::stepTempo(int32_t tag, float step) {
-    const float tempo = applied(Family::Tempo) + (tag == kTempoUp ? step : -step);
+    const float tempo = applied(Family::Tempo) + (tag == kTagTempoUp ? step : -step);
     setAutomated(parameterIndex(Family::Tempo), std::clamp(tempo, 0.0f, 1.0f));
 }
 
@@ -85,7 +85,7 @@ void Tessel8Editor::pressDelayKey(int32_t tag, float value, uint32_t buttons) {
 }
 
 void Tessel8Editor::repeatHeldKeys(uint32_t now) {
-    for (const int32_t tag : {kNoteUp, kNoteDown}) {
+    for (const int32_t tag : {kTagNoteUp, kTagNoteDown}) {
         if (heldKeys.note.held && isDown(panel->find(tag))) {
             if (heldKeys.note.repeat(now, kNoteFirstMs, kNoteNextMs)) {
                 stepNote(tag);
@@ -95,7 +95,7 @@ void Tessel8Editor::repeatHeldKeys(uint32_t now) {
         }
     }
     const uint32_t heldFor = now - heldKeys.tempoPress;
-    for (const int32_t tag : {kTempoUp, kTempoDown}) {
+    for (const int32_t tag : {kTagTempoUp, kTagTempoDown}) {
         if (heldKeys.tempo.held && isDown(panel->find(tag))) {
             const uint32_t next = heldFor > kTempoFastAfterMs ? kTempoFastMs : kTempoNextMs;
             if (heldKeys.tempo.repeat(now, kTempoFirstMs, next)) {

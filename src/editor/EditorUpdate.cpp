@@ -8,10 +8,9 @@ namespace tessel8 {
 
 namespace {
 
-constexpr int32_t kMidiLamp = 425;
 constexpr int32_t kRangeReadout = 7, kRangeStrip = 157, kRulerStrip = 162;
 constexpr int32_t kDigitStrip = 185;
-constexpr int32_t kMeterSwitchTag = 328, kLampStrip = 178, kSourceStrip = 164;
+constexpr int32_t kLampStrip = 178, kSourceStrip = 164;
 constexpr int32_t kUpperLetterStrip = 165, kLowerLetterStrip = 166;
 constexpr int32_t kTapPadStrip = 219;
 
@@ -44,12 +43,11 @@ void Tessel8Editor::takeOverChanges() {
 }
 
 void Tessel8Editor::updateIndex(int32_t changed) {
-    constexpr int32_t kFirstBar = 218, kLastBar = 305;
-    constexpr int32_t kRangeKeys[] = {306, 307};
-    int32_t index = changed >= kFirstBar && changed <= kLastBar ? parameterOfTag(changed) : changed;
-    index = index == kRangeKeys[0] || index == kRangeKeys[1] ? kRangeReadout : index;
-    if (index == kMidiLamp) {
-        if (CControl* const lamp = panel->find(kMidiLamp)) {
+    int32_t index =
+        changed >= kTagFirstBar && changed <= kTagLastBar ? parameterOfTag(changed) : changed;
+    index = index == kTagRangeDown || index == kTagRangeUp ? kRangeReadout : index;
+    if (index == kTagMidiLamp) {
+        if (CControl* const lamp = panel->find(kTagMidiLamp)) {
             lamp->setValue(1.0f);
         }
     } else if (index == command::kMidiLearn) {
@@ -108,7 +106,7 @@ void Tessel8Editor::showAll() {
     updateMeterMode();
     updateGraphTaps();
     updateIndex(command::kMidiLearn);
-    if (CControl* const graphSwitch = panel->find(336)) {
+    if (CControl* const graphSwitch = panel->find(kTagGraphMode)) {
         graphSwitch->setValue(graphMode);
     }
     seenZoom = applied(Family::ZoomDel);
@@ -180,11 +178,11 @@ void Tessel8Editor::updateMeterMode() {
     const int32_t step = int32_t(mode * 2.0f);
     constexpr int32_t kOutput = 1, kCompare = 2;
     const auto set = [this](int32_t strip, int32_t nth, bool second) {
-        if (CControl* const word = panel->find(kMeterSwitchTag, strip, nth)) {
+        if (CControl* const word = panel->find(kTagMeterMode, strip, nth)) {
             word->setValue(second ? 1.0f : 0.0f);
         }
     };
-    if (CControl* const meterSwitch = panel->find(kMeterSwitchTag, 163)) {
+    if (CControl* const meterSwitch = panel->find(kTagMeterMode, 163)) {
         meterSwitch->setValue(mode);
     }
     meters.clearClips();

@@ -11,7 +11,6 @@ namespace tessel8 {
 /// thread, the audio thread included, and only flags; the panel takes them over in its own time.
 class EffectChanges {
   public:
-    static constexpr int32_t kIndices = 426;
     // Beside the indices of the effect: displays that are to show a value anew.
     static constexpr int32_t kTempoDigits = 426;
     static constexpr int32_t kLfoDigits = 427;

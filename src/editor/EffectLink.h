@@ -10,6 +10,9 @@ class ProgramStoreLink;
 /// The name under which the effect ships.
 inline constexpr char kProductName[] = "Vantor Tessel Echo";
 
+/// From about this value of `TimeMode` on the host has the tempo.
+inline constexpr float kHostLeads = 0.9f;
+
 /// The effect as the panel sees it. The indices are those of parameters, commands and readings.
 class EffectLink {
   public:

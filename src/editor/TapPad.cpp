@@ -13,7 +13,6 @@ namespace {
 constexpr uint32_t kTempoPauseMs = 2000;  // ends a run of tempo taps
 constexpr int32_t kMostTempoTaps = 128;
 constexpr uint32_t kDelayRunMs = 8000;  // as long as the delay memory
-constexpr float kHostLeads = 0.9f;      // `TimeMode` from here on: the host has the tempo
 constexpr double kLowestBpm = 30.0, kHighestTappedBpm = 320.0;
 
 }  // namespace

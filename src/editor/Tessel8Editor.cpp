@@ -6,7 +6,6 @@ namespace tessel8 {
 
 namespace {
 
-constexpr int32_t kLogo = 357;      // where the display begins
 constexpr int32_t kNoStatus = 215;  // a tag without a text
 /// Longer than any text waits for a MIDI change, so that none is remembered at the start.
 constexpr uint32_t kLongAgoMs = 60000;
@@ -20,8 +19,8 @@ Tessel8Editor::Tessel8Editor(EffectLink& link, AudioEffectX* audioEffect, TickCl
       scrollingTexts(link),
       tapPad(link),
       meters(tickClock.now()),
-      hoverShown(kLogo),
-      hoverLast(kLogo) {
+      hoverShown(kTagLogo),
+      hoverLast(kTagLogo) {
     rect = {0, 0, int16_t(kPanelHeight), int16_t(kPanelWidth)};
     setKnobMode(kLinearMode);
 }
@@ -54,7 +53,7 @@ bool Tessel8Editor::open(void* parent) {
     setKnobMode(kLinearMode);
     setGraphMode(graphMode);
     hoverTag = -1;
-    hoverShown = hoverLast = kLogo;
+    hoverShown = hoverLast = kTagLogo;
     if (!isGraph()) {
         updateStatus(kNoStatus);
     }

@@ -9,6 +9,10 @@ namespace tessel8 {
 // lines and MIDI learn ask here.
 
 constexpr int32_t kTagTapPad = 216;
+constexpr int32_t kTagFirstBar = 218, kTagLastBar = 305;
+constexpr int32_t kTagRangeDown = 306, kTagRangeUp = 307;
+constexpr int32_t kTagNoteDown = 308, kTagNoteUp = 309;
+constexpr int32_t kTagTempoUp = 310, kTagTempoDown = 311;
 constexpr int32_t kTagMeterMode = 328;
 constexpr int32_t kTagEditParameterBack = 329;
 constexpr int32_t kTagEditParameterForward = 330;
@@ -19,7 +23,11 @@ constexpr int32_t kTagMidiLoad = 334;
 constexpr int32_t kTagMidiSave = 335;
 constexpr int32_t kTagGraphMode = 336;
 constexpr int32_t kTagPanic = 337;
+constexpr int32_t kTagFirstColumnHead = 338, kTagLastColumnHead = 356;
 constexpr int32_t kTagLogo = 357;
+constexpr int32_t kTagBigText = 419, kTagSmallText = 420;
+constexpr int32_t kTagUpperMeter = 423, kTagLowerMeter = 424;
+constexpr int32_t kTagMidiLamp = 425;
 constexpr int32_t kTagNone = -1;  ///< no control under the mouse
 
 /// The parameter that a control drives: bars and step keys have those of their tap, the note keys

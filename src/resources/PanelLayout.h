@@ -79,8 +79,6 @@ std::span<const PanelRow> panelRows();
 /// The row of controls along the bottom.
 std::span<const PanelRow> presetStripRows();
 
-/// The sets of bars are made in this order; the edit parameter of each.
-constexpr int32_t kBarSets = 11;
 constexpr int32_t kBackgroundPicture = 128;
 constexpr int32_t kTapPadLit = 220;  ///< the tap pad's other picture
 constexpr int32_t kBigTextGround = 244, kBigTextMarks = 246;
