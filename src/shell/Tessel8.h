@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "editor/EffectLink.h"
 #include "engine/Engine.h"
 #include "midi/ControllerMap.h"
@@ -115,7 +117,7 @@ class Tessel8 : public CPresetSystemEffect,
     ControllerMap controllerMap;
     ControllerMapStore mapStore{controllerMap};
     EditorLink* panel = nullptr;  ///< the editor as the effect sees it
-    EngineStatus engineStatus = EngineStatus::NotStarted;
+    std::atomic<EngineStatus> engineStatus = EngineStatus::NotStarted;
     bool rateOk = false;
 };
 

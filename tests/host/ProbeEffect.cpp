@@ -5,6 +5,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -19,7 +20,8 @@ AEffect effect{};
 xcb_connection_t* display = nullptr;  // of the panel
 
 bool isKind(const char* kind) {
-    return std::strcmp(std::getenv("TESSEL8_PROBE_KIND"), kind) == 0;
+    const char* const asked = std::getenv("TESSEL8_PROBE_KIND");
+    return asked && std::strcmp(asked, kind) == 0;
 }
 
 template <typename... Parts>
@@ -90,7 +92,7 @@ intptr_t dispatch(AEffect*, int32_t opcode, int32_t index, intptr_t value, void*
     } else if (opcode == effProcessEvents) {
         noteMessages(*static_cast<const VstEvents*>(ptr));
     } else if (opcode == effGetParamName) {
-        std::strcpy(static_cast<char*>(ptr), kNames[index]);
+        std::snprintf(static_cast<char*>(ptr), 9, "%s", kNames[index]);
     } else if (opcode == effEditGetRect) {
         *static_cast<ERect**>(ptr) = &panelSize;
     } else if (opcode == effEditOpen) {

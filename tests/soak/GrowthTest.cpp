@@ -1,0 +1,90 @@
+// Effects that come and go, as in a host that is open for days: memory, files and threads of the
+// process stay where they were.
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "vst/Vst24.h"
+
+namespace {
+
+intptr_t VST_CALL hostCallback(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
+    return opcode == audioMasterVersion ? 2400 : 0;
+}
+
+/// What the process holds: resident kilobytes, open files, threads.
+struct Holding {
+    long kilobytes = 0;
+    std::ptrdiff_t files = 0, threads = 0;
+
+    static std::ptrdiff_t entries(const char* folder) {
+        return std::distance(std::filesystem::directory_iterator(folder), {});
+    }
+    static Holding now() {
+        Holding result;
+        std::ifstream status("/proc/self/status");
+        for (std::string line; std::getline(status, line);) {
+            if (line.rfind("VmRSS:", 0) == 0) {
+                result.kilobytes = std::stol(line.substr(6));
+            }
+        }
+        result.files = entries("/proc/self/fd");
+        result.threads = entries("/proc/self/task");
+        return result;
+    }
+};
+
+/// The life of an effect that sounds, saves and restores.
+void live(void* library) {
+    using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
+    AEffect* const effect = reinterpret_cast<Entry>(dlsym(library, "VSTPluginMain"))(hostCallback);
+    const auto send = [&](int32_t opcode, intptr_t value = 0, void* ptr = nullptr, float opt = 0) {
+        return effect->dispatcher(effect, opcode, 0, value, ptr, opt);
+    };
+    send(effSetSampleRate, 0, nullptr, 48000.0f);
+    send(effOpen);
+    send(effMainsChanged, 1);
+    std::array<std::vector<float>, 2> audio{std::vector<float>(512), std::vector<float>(512)};
+    float* channels[] = {audio[0].data(), audio[1].data()};
+    effect->processReplacing(effect, channels, channels, 512);
+    void* data = nullptr;
+    const intptr_t size = send(effGetChunk, 0, &data);
+    std::vector<char> chunk(static_cast<char*>(data), static_cast<char*>(data) + size);
+    send(effSetChunk, size, chunk.data());
+    send(effMainsChanged, 0);
+    send(effClose);
+}
+
+void* load() {
+    return dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
+}
+
+}  // namespace
+
+TEST(FiveHundredEffects, LeaveTheProcessAsItWas) {
+    constexpr int kWarm = 20, kCount = 500;
+    constexpr long kSpread = 1024;  // kilobytes; a lost effect would weigh twenty thousand
+    void* const library = load();
+    ASSERT_NE(library, nullptr) << dlerror();
+    Holding before;
+    for (int i = 0; i < kWarm + kCount; ++i) {
+        if (i == kWarm) {
+            before = Holding::now();
+        }
+        live(library);
+        if (i % 10 == 0) {  // as scanners do, which load and unload the library for each question
+            EXPECT_EQ(dlclose(load()), 0);
+        }
+    }
+    const Holding after = Holding::now();
+    EXPECT_LT(after.kilobytes, before.kilobytes + kSpread);
+    EXPECT_EQ(after.files, before.files);
+    EXPECT_EQ(after.threads, before.threads);
+    EXPECT_EQ(dlclose(library), 0);
+}
