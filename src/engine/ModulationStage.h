@@ -15,7 +15,7 @@ struct ModulationRows {
     LfoWave wave = LfoWave::Off;
     bool off = true;  ///< all zero; the rows are not filled
     bool followerHeard = false;
-    Row lfoPositive, lfoNegative, follower;
+    Row lfoPositive{}, lfoNegative{}, follower{};
 };
 
 /// A uniform random number from -1 to 1, from the common 15-bit congruential generator.
@@ -84,7 +84,7 @@ struct LfoChain {
             holdRandom(lfo, lfo.step);
             rows.lfoPositive[i] = clipped(lfo.holdPos);
             rows.lfoNegative[i] = clipped(lfo.holdNeg);
-        } else {
+        } else if (!rows.off) {
             rows.lfoPositive[i] = lfo.phasePos;
             rows.lfoNegative[i] = lfo.phaseNeg;
         }
@@ -175,15 +175,17 @@ struct FollowerChain {
     TESSEL8_INLINE void step(int i) {
         const float a = (__builtin_fabsf(left[i]) + __builtin_fabsf(right[i])) / 2.0f;
         mean = rested(flushed(mean + (a - mean) * slow), mean, a);
-        const float distance = __builtin_fabsf(a - dev);
-        const float d = distance < 1.0f ? distance : 1.0f;
-        dev = flushed(dev + (d - dev) * slow);
-        // Rare enough to be left to branches, which do not lengthen the chain.
-        if (__builtin_expect(mean + dev > 1.0f, 0)) {
-            dev = 1.0f - mean;
+        // What is rare is left to branches, which do not lengthen the chain as selections would.
+        float distance = __builtin_fabsf(a - dev);
+        if (!(distance < 1.0f)) [[unlikely]] {
+            keepBranch();
+            distance = 1.0f;
         }
-        if (__builtin_expect(mean - dev < 0.0f, 0)) {
-            dev = mean;
+        dev = flushed(dev + (distance - dev) * slow);
+        if (mean + dev > 1.0f || mean - dev < 0.0f) [[unlikely]] {
+            keepBranch();
+            dev = mean + dev > 1.0f ? 1.0f - mean : dev;
+            dev = mean - dev < 0.0f ? mean : dev;
         }
         fast = rested(flushed(fast + (a - fast) * quick), fast, a);
         if (rows.followerHeard) {

@@ -20,6 +20,12 @@
 namespace tessel8 {
 inline namespace TESSEL8_ISA {
 
+/// Stands in a branch that the compiler shall not turn into a selection: a branch that is nearly
+/// never taken costs a chain of dependent steps nothing, a selection is one step more.
+TESSEL8_INLINE void keepBranch() {
+    asm volatile("");
+}
+
 using F4 = float __attribute__((vector_size(16), may_alias));
 using I4 = int32_t __attribute__((vector_size(16), may_alias));
 using F8 = float __attribute__((vector_size(32), may_alias));

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Runs the tests of everything that holds memory under valgrind, the window's on a display of
+# their own; ends with an error where it finds a wrong access, an undefined value that decides
+# something, or a leak. Needs half an hour. The sound's own tests are left out, for they compute
+# minutes of audio; what they run is in the storm, too.
+#
+#   scripts/memcheck.sh [PROGRAM ...]    as tests/shell/shell_tests; all by default
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+(($# > 0)) || set -- tests/shell/shell_tests tests/presets/preset_tests \
+    tests/parameters/parameter_tests tests/resources/resources_tests tests/toolkit/toolkit_tests \
+    tests/editor/editor_tests tests/vst/plugin_tests tests/vst/panel_tests tests/soak/soak_tests \
+    tests/platform/platform_tests
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+# No place for settings unless a test makes one.
+export XDG_CONFIG_HOME=/dev/null TESSEL8_STORM_SECONDS=${TESSEL8_STORM_SECONDS:-30}
+
+failed=0
+for program; do
+    if scripts/with_display.sh valgrind --quiet --fair-sched=yes --error-exitcode=99 \
+        --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
+        "build/$program" --gtest_brief=1 >"$work/log" 2>&1; then
+        echo "clean   $program"
+    else
+        echo "FAILED  $program"
+        cat "$work/log"
+        failed=1
+    fi
+done
+exit "$failed"
