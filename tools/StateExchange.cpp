@@ -89,6 +89,7 @@ void write(const std::string& path, const std::string& bytes) {
 
 void save(Plugin& plugin, const std::string& path) {
     plugin.changeEverything();
+    plugin.load(plugin.chunk());  // a switch takes its two values when it is restored
     write(path, plugin.chunk());
     write(path + ".shown", plugin.shown());
 }
