@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs, as far as they are missing.
 #
-#   scripts/dependencies.sh build|demo|test|docs|package ...
+#   scripts/dependencies.sh build|demo|test|docs|package|checks ...
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config libsndfile1-dev libcli11-dev libpng-dev
@@ -12,9 +12,10 @@ test=("${build[@]}" libgtest-dev libgmock-dev libbenchmark-dev binutils
       xvfb libxcb-xtest0-dev jackd2)
 docs=(pandoc weasyprint fonts-liberation)
 package=("${build[@]}" "${docs[@]}" dpkg-dev file gzip)
+checks=("${test[@]}" clang clang-tidy libclang-rt-dev valgrind)
 
 usage() {
-    echo "usage: ${0##*/} build|demo|test|docs|package ..." >&2
+    echo "usage: ${0##*/} build|demo|test|docs|package|checks ..." >&2
     exit 2
 }
 
@@ -47,6 +48,7 @@ for task in "$@"; do
         test) wanted+=("${test[@]}") ;;
         docs) wanted+=("${docs[@]}") ;;
         package) wanted+=("${package[@]}") ;;
+        checks) wanted+=("${checks[@]}") ;;
         *) usage ;;
     esac
 done

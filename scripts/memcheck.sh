@@ -13,6 +13,9 @@ cd "$(dirname "$0")/.."
     tests/editor/editor_tests tests/vst/plugin_tests tests/vst/panel_tests tests/soak/soak_tests \
     tests/platform/platform_tests
 
+scripts/dependencies.sh checks
+cmake --preset release >/dev/null
+cmake --build build -j "$(nproc)" >/dev/null
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 # No place for settings unless a test makes one.

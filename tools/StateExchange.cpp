@@ -104,7 +104,9 @@ std::string difference(Plugin& plugin, const std::string& path) {
     std::string a, b;
     for (int line = 0; std::getline(then, a); ++line) {
         if (!std::getline(now, b) || a != b) {
-            return "line " + std::to_string(line) + ": " + a + " became " + b;
+            std::ostringstream what;
+            what << "line " << line << ": " << a << " became " << b;
+            return what.str();
         }
     }
     return plugin.chunk() == saved ? "" : "saved again, the bytes differ";
