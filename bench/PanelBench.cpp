@@ -68,7 +68,7 @@ void idlePass(benchmark::State& state, int32_t hover) {
         editor.idle();
     }
     editor.requests = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         editor.idle();
     }
     state.counters["requests"] = double(editor.requests);

@@ -31,7 +31,8 @@ std::span<ProgramRecord, kProgramCount> whole(Store& store) {
 }
 
 bool same(const ProgramRecord& a, const ProgramRecord& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;  // NaN bits count as well
+    // Bits, not values: those of a NaN count as well, and a record has no gaps.
+    return std::memcmp(&a, &b, sizeof a) == 0;  // NOLINT
 }
 
 bool isProper(const ProgramRecord& program, bool mayBeNan) {

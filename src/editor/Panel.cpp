@@ -29,11 +29,11 @@ bool showsParameter(ControlKind kind) {
     }
 }
 
-void showValue(CControl* control, float value) {
-    if (auto* const loop = dynamic_cast<CLoopButton*>(control)) {
+void showValue(CControl& control, float value) {
+    if (auto* const loop = dynamic_cast<CLoopButton*>(&control)) {
         loop->setStateFromValue(value);
     } else {
-        control->setValue(value);
+        control.setValue(value);
     }
 }
 
@@ -79,7 +79,7 @@ void Panel::make(const PanelRow& row, int32_t i, CNewControlListener& listener,
     if (showsParameter(row.kind) && index >= 0) {
         // The feedback filter's type shows what was asked for until the first block has run.
         constexpr int32_t kTypeFFB = 206;
-        showValue(control.get(),
+        showValue(*control,
                   tag == kTypeFFB ? effect.getParameter(tag) : effect.appliedValue(index));
         if (index < kParameterCount) {
             byParameter[size_t(index)].push_back(control.get());
@@ -109,7 +109,7 @@ CControl* Panel::slider(int32_t tap) const {
 
 void Panel::show(int32_t index, float value) {
     for (CControl* const control : byParameter[size_t(index)]) {
-        showValue(control, value);
+        showValue(*control, value);
     }
 }
 

@@ -39,9 +39,9 @@ class Shared {
 
     void reset() { *this = Shared(); }
     T* get() const { return held; }
-    // NOLINTEND(clang-analyzer-cplusplus.*)
     T* operator->() const { return held; }
     T& operator*() const { return *held; }
+    // NOLINTEND(clang-analyzer-cplusplus.*)
     explicit operator bool() const { return held != nullptr; }
 
   private:
