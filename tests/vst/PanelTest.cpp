@@ -2,9 +2,6 @@
 
 #include <dlfcn.h>
 
-#include <algorithm>
-#include <thread>
-
 #include "support/XClient.h"
 #include "vst/Vst24.h"
 
@@ -130,46 +127,6 @@ TEST_F(PanelOfThePlugin, OpensOftenTwiceAtOnceAndOutlivesItsParent) {
     idle(second);
     second.send(effEditClose);
     second.send(effEditIdle);
-}
-
-// Some hosts run the editor on a thread of its own while the state comes on another and blocks on
-// a third.
-TEST_F(PanelOfThePlugin, WorksOnAThreadOfItsOwn) {
-    const Instance one = make();
-    user.map(one.parent);
-    std::atomic<bool> done{false};
-    std::thread audio([&] {
-        std::vector<float> silence(4 * 64);
-        float* channels[] = {silence.data(), silence.data() + 64, silence.data() + 128,
-                             silence.data() + 192};
-        while (!done) {
-            one.effect->processReplacing(one.effect, channels, channels + 2, 64);
-        }
-    });
-    std::thread state([&] {
-        void* data = nullptr;
-        const intptr_t size = one.send(effGetChunk, &data);
-        std::vector<uint8_t> chunk(static_cast<uint8_t*>(data), static_cast<uint8_t*>(data) + size);
-        char name[] = "Named by the host";
-        for (int i = 0; !done; ++i) {
-            one.effect->setParameter(one.effect, i % 215, float(i % 11) / 10.0f);
-            if (i % 500 == 0) {
-                one.send(effSetChunk, chunk.data(), 0.0f, size);
-                one.send(effSetProgramName, name);
-            }
-        }
-    });
-    for (int round = 0; round < 5; ++round) {
-        ASSERT_EQ(one.open(), 1);
-        user.click(235, 135);
-        idle(one, 5);
-        user.click(142, 211);
-        idle(one, 5);
-        one.send(effEditClose);
-    }
-    done = true;
-    audio.join();
-    state.join();
 }
 
 }  // namespace tessel8::testing
