@@ -1,5 +1,8 @@
 #include "editor/Tessel8Editor.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "parameters/ControlTags.h"
 
 namespace tessel8 {
@@ -68,6 +71,10 @@ void Tessel8Editor::close() {
     // The frame goes first: a running drag ends on controls that still stand.
     CPresetSystemEditor::close();
     panel.reset();
+    // What the user still holds is over for the host, which would wait for the end of it.
+    for (const int32_t tag : std::exchange(openGestures, {})) {
+        effectLink.endEdit(tag);
+    }
 }
 
 void Tessel8Editor::setKeyboardFocus(bool takesFocus) {
@@ -76,11 +83,15 @@ void Tessel8Editor::setKeyboardFocus(bool takesFocus) {
 
 void Tessel8Editor::beginEdit(int32_t tag) {
     editedTag = tag;
+    openGestures.push_back(tag);
     effectLink.beginEdit(tag);
 }
 
 void Tessel8Editor::endEdit(int32_t tag) {
     editedTag = kNothingEdited;
+    if (const auto open = std::ranges::find(openGestures, tag); open != openGestures.end()) {
+        openGestures.erase(open);
+    }
     effectLink.endEdit(tag);
 }
 

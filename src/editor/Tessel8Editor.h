@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <memory>
+#include <vector>
 
 #include "editor/DigitDisplays.h"
 #include "editor/EffectChanges.h"
@@ -139,6 +140,7 @@ class Tessel8Editor : public CPresetSystemEditor, public EditorLink {
     PadPresses padPresses;
     std::atomic<uint32_t> lastMidiChange;
     std::atomic<int32_t> editedTag{kNothingEdited};
+    std::vector<int32_t> openGestures;  ///< tags that the host was told to begin, and not to end
     static constexpr int32_t kNothingEdited = INT32_MIN;
 
     std::unique_ptr<Panel> panel;  ///< while the window is open

@@ -29,7 +29,9 @@ bool CRockerSwitch::onWheel(const CPoint& /*where*/, float distance, uint32_t /*
     value = distance > 0.0f ? getMin() : getMax();
     if (isDirty()) {
         invalid();
-        beginEdit();
+        if (!springBack) {  // else the gesture of the turn before is still open
+            beginEdit();
+        }
         valueChanged();
     }
     if (!springBack) {

@@ -305,6 +305,17 @@ TEST_F(EditorTest, TheDisplayFollowsThePointerButNotRightAfterMidi) {
     EXPECT_EQ(value(425), 0.0f);
 }
 
+TEST_F(EditorTest, ThatIsClosedInTheMiddleOfADragEndsItForTheHost) {
+    effect.told();
+    press(70, 140);
+    EXPECT_EQ(effect.told(), "(1");
+    editor.close();
+    EXPECT_EQ(effect.told(), "1)");
+    editor.open(nullptr);
+    editor.close();
+    EXPECT_EQ(effect.told(), "");
+}
+
 TEST_F(EditorTest, SoloLeavesOneTapAndComesBack) {
     const auto taps = [this] {
         std::string on;

@@ -187,7 +187,7 @@ TEST_F(Storm, LeavesEffectsThatSoundAndKeepTheirState) {
     }
     start([this](size_t which, Random& random) { command(which, random); }, 0, kInstances);
     start([this](size_t which, Random& random) { editor(which, random); }, 0, kInstances);
-    start([this](size_t, Random& random) { hands(random); }, 0, kInstances, 50000);
+    start([this](size_t, Random& random) { hands(random); }, 0, kInstances, 20000);
     std::thread renewal([this] {
         for (Random random(seed); !done; std::this_thread::sleep_for(std::chrono::seconds(1))) {
             instances[random() % kInstances]->replace();

@@ -72,7 +72,11 @@ void Session::remove(const Part* part) {
 }
 
 void Session::processEvents() {
-    while (!isGone()) {
+    // What comes faster than it is worked off waits for the next time: the host's own window stands
+    // still meanwhile.
+    constexpr uint32_t kMostMs = 100;
+    for (const uint32_t start = millisecondTick();
+         !isGone() && millisecondTick() - start < kMostMs;) {
         const Reply<xcb_generic_event_t> event(xcb_poll_for_event(xcb()));
         if (!event) {
             break;
