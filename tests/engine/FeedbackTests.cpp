@@ -159,7 +159,7 @@ TEST(Bus, RunsOneFrameBehindTheTapThatFeedsItOnOrOff) {
             SCOPED_TRACE(::testing::Message() << "tap " << tap + 1 << (on ? " on" : " off"));
             rig.feedFrom(tap, on);
             const Stereo out = rig.play(impulse(3000));
-            const auto delay = size_t(100 * (tap + 1));
+            const auto delay = 100 * (size_t(tap) + 1);
             const double ratio = 0.75 * 0.5;
             auto echoes =
                 series(100, delay + 1, wetLevel(rig) * tapLevel(rig, 0), ratio, out.size());

@@ -45,7 +45,7 @@ TEST_F(HostTempo, IsFollowedAtABlocksStartWithoutTouchingTheStoredValue) {
     EXPECT_FLOAT_EQ(applied(at::DelayT), 0.075f);
     EXPECT_NEAR(engine.lfo.step, 0.625 * 2.0 * kPi / 44100.0, 1e-9);
     EXPECT_EQ(outside.told.find(" 5="), std::string::npos) << "a block tells no editor";
-    EXPECT_EQ(outside.told.find("k"), std::string::npos);
+    EXPECT_EQ(outside.told.find('k'), std::string::npos);
     EXPECT_EQ(outside.program[at::Tempo], 0.375f);
     EXPECT_EQ(stored(at::Tempo), 0.28125f);
     EXPECT_FALSE(parameters.isDirty());

@@ -14,7 +14,7 @@ namespace {
 
 /// Head of a chunk of version 2 and of its image.
 struct Writer : ImageWriter {
-    explicit Writer(bool big = false) : ImageWriter{big} {}
+    explicit Writer(bool big = false) { bigEndian = big; }
     ImageWriter& head(uint32_t records, uint32_t current) {
         word(0x02000000).word(0x54534C38);
         return image('8', records, current, 0);

@@ -106,6 +106,7 @@ class HostedEffect {
     /// Whether a block of noise comes out bit by bit as it went in.
     bool isTransparent() {
         noise();
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): bits are meant
         return std::memcmp(inL, outL, sizeof inL) == 0 && std::memcmp(inR, outR, sizeof inR) == 0;
     }
 

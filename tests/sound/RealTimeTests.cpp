@@ -34,11 +34,13 @@ void note() {
 
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the C library's own names
 void* __libc_malloc(size_t size);
 void __libc_free(void* memory);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* memory, size_t size);
 void* __libc_memalign(size_t alignment, size_t size);
+// NOLINTEND(bugprone-reserved-identifier)
 
 void* malloc(size_t size) {
     note();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 #include <vector>
 
@@ -172,7 +173,7 @@ struct TwinRig : Rig {
     void later(std::function<void()> request) { requests.push_back(std::move(request)); }
     /// Step of the tap's filter type, eight of them.
     int32_t tapType(int tap) const {
-        return int32_t(parameters.applied(parameterIndex(Family::TypeFT, tap)) * 7.0f + 0.5f);
+        return int32_t(std::lround(parameters.applied(parameterIndex(Family::TypeFT, tap)) * 7.0f));
     }
 
     std::array<bool, kTaps> fades{};
