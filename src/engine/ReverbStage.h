@@ -18,7 +18,7 @@ inline void readCircle(const AlignedBuffer& line, int32_t position, int32_t mask
     const float* const cells = line.data();
     if (position + kStretch <= mask + 1) {
         __builtin_memcpy(row.v, cells + position, sizeof row.v);
-        prefetchRow<0>(cells + position + kStretch);
+        prefetchRow<0>(cells + ((position + kStretch) & mask));
         return;
     }
     for (int i = 0; i < frames; ++i) {
@@ -31,7 +31,7 @@ inline void writeCircle(AlignedBuffer& line, int32_t position, int32_t mask, int
     float* const cells = line.data();
     if (frames == kStretch && position + kStretch <= mask + 1) {
         __builtin_memcpy(cells + position, row.v, sizeof row.v);
-        prefetchRow<1>(cells + position + kStretch);
+        prefetchRow<1>(cells + ((position + kStretch) & mask));
         return;
     }
     for (int i = 0; i < frames; ++i) {
