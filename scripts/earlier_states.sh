@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the plug-in as it was at every commit that touched programs, parameters or controllers,
-# lets each save a state, and loads that into today's build. Needs a minute or two a commit.
+# lets each save a state, and loads that into today's build. Needs half a minute a commit.
 #
 #   scripts/earlier_states.sh [FIRST_COMMIT]
 #

@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Runs the tests of everything that holds memory under valgrind, the window's on a display of
 # their own; ends with an error where it finds a wrong access, an undefined value that decides
-# something, or a leak. Needs half an hour. The sound's own tests are left out, for they compute
+# something, or a leak. Needs five minutes. The sound's own tests are left out, for they compute
 # minutes of audio; what they run is in the storm, too.
 #
 #   scripts/memcheck.sh [PROGRAM ...]    as tests/shell/shell_tests; all by default
-set -euof pipefail
+set -euo pipefail
+set -f  # a filter of tests is no name of a file
 cd "$(dirname "$0")/.."
 
 (($# > 0)) || set -- tests/shell/shell_tests tests/presets/preset_tests \

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# clang-tidy over every source that the release build compiles, or over those named; half an hour.
+# clang-tidy over every source that the release build compiles, or over those named; a quarter of an hour.
 #
 #   scripts/tidy.sh [SOURCE ...]
 set -euo pipefail

@@ -2,78 +2,51 @@
 // parameter a value of its own and writes the chunk with what the effect then shows; `check`
 // loads it and compares all of it, to the bit.
 
-#include <dlfcn.h>
-
 #include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 
-#include "vst/Vst24.h"
+#include "host/Plugin.h"
 
 namespace {
 
+using tessel8::host::Plugin;
+
 constexpr int32_t kPrograms = 140;
 
-intptr_t VST_CALL hostCallback(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
-    return opcode == audioMasterVersion ? 2400 : 0;
+/// Values of steps of 1/1024 that no program has in this order, and a name.
+void changeEverything(Plugin& plugin) {
+    for (int32_t i = 0; i < plugin.record().numParams; ++i) {
+        plugin.setParameter(i, float((i * 389 + 17) % 1025) / 1024.0f);
+    }
+    char name[] = "As it was saved";
+    plugin.dispatch(effSetProgramName, 0, 0, name);
 }
 
-class Plugin {
-  public:
-    explicit Plugin(const char* path) {
-        void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
-        if (!library) {
-            throw std::runtime_error(dlerror());
-        }
-        using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
-        effect = reinterpret_cast<Entry>(dlsym(library, "VSTPluginMain"))(hostCallback);
-        send(effSetSampleRate, 0, 0, nullptr, 48000.0f);
-    }
-    Plugin(const Plugin&) = delete;
-    Plugin& operator=(const Plugin&) = delete;
-    ~Plugin() { send(effClose); }
+std::string chunkOf(const Plugin& plugin) {
+    void* data = nullptr;
+    const intptr_t size = plugin.dispatch(effGetChunk, 0, 0, &data);
+    return {static_cast<char*>(data), size_t(size)};
+}
 
-    /// Values of steps of 1/1024 that no program has in this order, and a name.
-    void changeEverything() {
-        for (int32_t i = 0; i < effect->numParams; ++i) {
-            effect->setParameter(effect, i, float((i * 389 + 17) % 1025) / 1024.0f);
-        }
-        char name[] = "As it was saved";
-        send(effSetProgramName, 0, 0, name);
-    }
-    std::string chunk() {
-        void* data = nullptr;
-        const intptr_t size = send(effGetChunk, 0, 0, &data);
-        return {static_cast<char*>(data), size_t(size)};
-    }
-    bool load(std::string chunk) {
-        return send(effSetChunk, 0, intptr_t(chunk.size()), chunk.data()) == 0;
-    }
-    /// Everything that a host can ask for, a line each.
-    std::string shown() {
-        std::ostringstream lines;
-        for (int32_t i = 0; i < effect->numParams; ++i) {
-            lines << std::hexfloat << effect->getParameter(effect, i) << '\n';
-        }
-        for (int32_t i = 0; i < kPrograms; ++i) {
-            char name[64] = {};
-            send(effGetProgramNameIndexed, i, 0, name);
-            lines << name << '\n';
-        }
-        return lines.str();
-    }
+bool load(const Plugin& plugin, std::string chunk) {
+    return plugin.dispatch(effSetChunk, 0, intptr_t(chunk.size()), chunk.data()) == 0;
+}
 
-  private:
-    intptr_t send(int32_t opcode, int32_t index = 0, intptr_t value = 0, void* ptr = nullptr,
-                  float opt = 0.0f) {
-        return effect->dispatcher(effect, opcode, index, value, ptr, opt);
+/// Everything that a host can ask for, a line each.
+std::string shownBy(const Plugin& plugin) {
+    std::ostringstream lines;
+    for (int32_t i = 0; i < plugin.record().numParams; ++i) {
+        lines << std::hexfloat << plugin.parameter(i) << '\n';
     }
-    AEffect* effect = nullptr;
-};
+    for (int32_t i = 0; i < kPrograms; ++i) {
+        lines << plugin.text(effGetProgramNameIndexed, i) << '\n';
+    }
+    return lines.str();
+}
 
 std::string read(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -88,19 +61,19 @@ void write(const std::string& path, const std::string& bytes) {
 }
 
 void save(Plugin& plugin, const std::string& path) {
-    plugin.changeEverything();
-    plugin.load(plugin.chunk());  // a switch takes its two values when it is restored
-    write(path, plugin.chunk());
-    write(path + ".shown", plugin.shown());
+    changeEverything(plugin);
+    load(plugin, chunkOf(plugin));  // a switch takes its two values when it is restored
+    write(path, chunkOf(plugin));
+    write(path + ".shown", shownBy(plugin));
 }
 
 /// What differs, nothing where all is as it was.
-std::string difference(Plugin& plugin, const std::string& path) {
+std::string difference(const Plugin& plugin, const std::string& path) {
     const std::string saved = read(path);
-    if (!plugin.load(saved)) {
+    if (!load(plugin, saved)) {
         return "refused";
     }
-    std::istringstream now(plugin.shown()), then(read(path + ".shown"));
+    std::istringstream now(shownBy(plugin)), then(read(path + ".shown"));
     std::string a, b;
     for (int line = 0; std::getline(then, a); ++line) {
         if (!std::getline(now, b) || a != b) {
@@ -109,26 +82,27 @@ std::string difference(Plugin& plugin, const std::string& path) {
             return what.str();
         }
     }
-    return plugin.chunk() == saved ? "" : "saved again, the bytes differ";
+    return chunkOf(plugin) == saved ? "" : "saved again, the bytes differ";
 }
 
 }  // namespace
 
 int main(int argc, char** argv) try {
     const std::string command = argc == 4 ? argv[1] : "";
+    if (command != "save" && command != "check") {
+        std::fprintf(stderr, "usage: %s save|check PLUGIN.so FILE\n", argv[0]);
+        return 2;
+    }
+    tessel8::host::Transport transport;
+    Plugin plugin(argv[2], transport);
+    plugin.prepare(48000.0f, 512);
     if (command == "save") {
-        Plugin plugin(argv[2]);
         save(plugin, argv[3]);
         return 0;
     }
-    if (command == "check") {
-        Plugin plugin(argv[2]);
-        const std::string what = difference(plugin, argv[3]);
-        std::puts(what.empty() ? "came back" : what.c_str());
-        return what.empty() ? 0 : 1;
-    }
-    std::fprintf(stderr, "usage: %s save|check PLUGIN.so FILE\n", argv[0]);
-    return 2;
+    const std::string what = difference(plugin, argv[3]);
+    std::puts(what.empty() ? "came back" : what.c_str());
+    return what.empty() ? 0 : 1;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

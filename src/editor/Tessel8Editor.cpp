@@ -68,7 +68,7 @@ void Tessel8Editor::close() {
     tapPad.endRun();
     editedTag = kNothingEdited;
     learnPress = 0;
-    // The frame goes first: a running drag ends on controls that still stand.
+    // The frame goes first: what it still calls finds the controls in place.
     CPresetSystemEditor::close();
     panel.reset();
     // What the user still holds is over for the host, which would wait for the end of it.

@@ -1,17 +1,18 @@
 // Effects that come and go, as in a host that is open for days: memory, files and threads of the
 // process stay where they were.
 
-#include <dlfcn.h>
-#include <gtest/gtest.h>
 #include <malloc.h>
 
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
-#include "vst/Vst24.h"
+#include "support/PluginLibrary.h"
 
 namespace {
+
+using tessel8::testing::PluginLibrary;
 
 intptr_t VST_CALL hostCallback(AEffect*, int32_t opcode, int32_t, intptr_t, void*, float) {
     return opcode == audioMasterVersion ? 2400 : 0;
@@ -34,9 +35,8 @@ struct Holding {
 };
 
 /// The life of an effect that sounds, saves and restores.
-void live(void* library) {
-    using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
-    AEffect* const effect = reinterpret_cast<Entry>(dlsym(library, "VSTPluginMain"))(hostCallback);
+void live(const PluginLibrary& library) {
+    AEffect* const effect = library.entry()(hostCallback);
     const auto send = [&](int32_t opcode, intptr_t value = 0, void* ptr = nullptr, float opt = 0) {
         return effect->dispatcher(effect, opcode, 0, value, ptr, opt);
     };
@@ -54,31 +54,25 @@ void live(void* library) {
     send(effClose);
 }
 
-void* load() {
-    return dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
-}
-
 }  // namespace
 
 TEST(FiveHundredEffects, LeaveTheProcessAsItWas) {
     constexpr int kWarm = 20, kCount = 500;
     constexpr size_t kSpread = 64 << 10;
-    void* library = load();
-    ASSERT_NE(library, nullptr) << dlerror();
+    auto library = std::make_unique<PluginLibrary>();
     Holding before;
     for (int i = 0; i < kWarm + kCount; ++i) {
         if (i == kWarm) {
             before = Holding::now();
         }
-        live(library);
+        live(*library);
         if (i % 10 == 0) {  // as a scanner does between two questions
-            EXPECT_EQ(dlclose(library), 0);
-            library = load();
+            library.reset();
+            library = std::make_unique<PluginLibrary>();
         }
     }
     const Holding after = Holding::now();
     EXPECT_LT(after.bytes, before.bytes + kSpread);
     EXPECT_EQ(after.files, before.files);
     EXPECT_EQ(after.threads, before.threads);
-    EXPECT_EQ(dlclose(library), 0);
 }

@@ -4,9 +4,6 @@
 // it does not do either: a rate changes between blocks, and an effect is closed when nobody is
 // inside it.
 
-#include <dlfcn.h>
-#include <gtest/gtest.h>
-
 #include <array>
 #include <atomic>
 #include <cmath>
@@ -17,7 +14,7 @@
 #include <shared_mutex>
 #include <vector>
 
-#include "vst/Vst24.h"
+#include "support/PluginLibrary.h"
 
 namespace tessel8::testing {
 
@@ -29,12 +26,7 @@ constexpr int32_t kParameters = 215;
 /// One effect of the loaded library, and the locks that its host keeps around it.
 class StormInstance {
   public:
-    using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
-
-    explicit StormInstance(void* library)
-        : entry(reinterpret_cast<Entry>(dlsym(library, "VSTPluginMain"))) {
-        create();
-    }
+    explicit StormInstance(const PluginLibrary& library) : entry(library.entry()) { create(); }
     StormInstance(const StormInstance&) = delete;
     StormInstance& operator=(const StormInstance&) = delete;
     ~StormInstance() { destroy(); }
@@ -180,7 +172,7 @@ class StormInstance {
         send(effClose);
     }
 
-    Entry entry;
+    PluginLibrary::Entry entry;
     std::mutex graph;  ///< held during a block, and by who must not meet one
     std::array<std::vector<float>, 4> audio{
         std::vector<float>(kMostFrames), std::vector<float>(kMostFrames),

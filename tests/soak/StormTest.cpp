@@ -23,20 +23,12 @@ uint32_t fromEnvironment(const char* name, uint32_t otherwise) {
 class Storm : public ::testing::Test {
   protected:
     void SetUp() override {
-        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
-        ASSERT_NE(library, nullptr) << dlerror();
         for (size_t i = 0; i < kInstances; ++i) {
             instances[i] = std::make_unique<StormInstance>(library);
             parents[i] = user.makeParent(870, 565);
             user.map(parents[i]);
             copies.push_back(instances[i]->state());
         }
-    }
-    ~Storm() override {
-        for (auto& one : instances) {
-            one.reset();
-        }
-        EXPECT_EQ(dlclose(library), 0);
     }
 
     /// Starts a thread that does something to one of several effects again and again; pauses in
@@ -170,7 +162,7 @@ class Storm : public ::testing::Test {
 
     const uint32_t seed = fromEnvironment("TESSEL8_STORM_SEED", 1);
     XClient user;
-    void* library = nullptr;
+    PluginLibrary library;
     std::array<std::unique_ptr<StormInstance>, kInstances> instances;
     std::array<xcb_window_t, kInstances> parents{};
     std::vector<Bytes> copies;  ///< of the main thread

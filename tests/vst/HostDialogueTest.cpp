@@ -1,13 +1,11 @@
 // The built library, loaded and asked as a host does it.
 
-#include <dlfcn.h>
-#include <gtest/gtest.h>
-
 #include <cstring>
+#include <optional>
 #include <set>
 #include <string>
 
-#include "vst/Vst24.h"
+#include "support/PluginLibrary.h"
 
 namespace {
 
@@ -25,26 +23,19 @@ intptr_t VST_CALL hostCallback(AEffect*, int32_t opcode, int32_t, intptr_t value
 
 class Plugin : public testing::Test {
   protected:
-    using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
-
     ~Plugin() override {
         if (effect) {
             send(effClose);
-        }
-        if (library) {
-            EXPECT_EQ(dlclose(library), 0);
         }
     }
     void SetUp() override {
         hostSendsMidi = false;
         wantsOfMidi = 0;
-        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
-        ASSERT_NE(library, nullptr) << dlerror();
-        effect = entry("VSTPluginMain")(hostCallback);
+        library.emplace();
+        effect = library->entry()(hostCallback);
         ASSERT_NE(effect, nullptr);
     }
 
-    Entry entry(const char* name) { return reinterpret_cast<Entry>(dlsym(library, name)); }
     intptr_t send(int32_t opcode, int32_t index = 0, intptr_t value = 0, void* ptr = nullptr,
                   float opt = 0.0f) {
         return effect->dispatcher(effect, opcode, index, value, ptr, opt);
@@ -57,15 +48,15 @@ class Plugin : public testing::Test {
     }
     intptr_t canDo(const char* what) { return send(effCanDo, 0, 0, const_cast<char*>(what)); }
 
-    void* library = nullptr;
+    std::optional<tessel8::testing::PluginLibrary> library;
     AEffect* effect = nullptr;
 };
 
 }  // namespace
 
 TEST_F(Plugin, BothEntriesGiveAnEffectOfTheirOwn) {
-    ASSERT_NE(entry("main"), nullptr);
-    AEffect* const second = entry("main")(hostCallback);
+    ASSERT_NE(library->entry("main"), nullptr);
+    AEffect* const second = library->entry("main")(hostCallback);
     ASSERT_NE(second, nullptr);
     EXPECT_NE(second, effect);
     EXPECT_EQ(second->uniqueID, effect->uniqueID);
@@ -189,7 +180,7 @@ TEST_F(Plugin, GivesAnEchoAndCanBeClosedAndLoadedAgain) {
             EXPECT_EQ(outR[i], 0.0f) << "frame " << i;
         }
         EXPECT_EQ(send(effClose), 1);
-        EXPECT_EQ(dlclose(library), 0);
+        library.reset();
         effect = nullptr;
         SetUp();
     }

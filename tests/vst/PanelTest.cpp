@@ -1,9 +1,7 @@
 // The built library's editor in a host's window on a real display, with real presses and drags.
 
-#include <dlfcn.h>
-
+#include "support/PluginLibrary.h"
 #include "support/XClient.h"
-#include "vst/Vst24.h"
 
 namespace tessel8::testing {
 
@@ -36,21 +34,14 @@ class PanelOfThePlugin : public ::testing::Test {
         float get(int32_t index) const { return effect->getParameter(effect, index); }
     };
 
-    void SetUp() override {
-        automated.clear();
-        library = dlopen(TESSEL8_PLUGIN, RTLD_NOW | RTLD_LOCAL);
-        ASSERT_NE(library, nullptr) << dlerror();
-    }
+    PanelOfThePlugin() { automated.clear(); }
     ~PanelOfThePlugin() override {
         for (const Instance& one : instances) {
             one.send(effClose);
         }
-        EXPECT_EQ(dlclose(library), 0);
     }
     const Instance& make() {
-        using Entry = AEffect*(VST_CALL*)(audioMasterCallback);
-        const auto entry = reinterpret_cast<Entry>(dlsym(library, "VSTPluginMain"));
-        instances.push_back({entry(hostCallback), user.makeParent(870, 565)});
+        instances.push_back({library.entry()(hostCallback), user.makeParent(870, 565)});
         const Instance& made = instances.back();
         made.send(effSetSampleRate, nullptr, 48000.0f);
         made.send(effMainsChanged, nullptr, 0.0f, 1);
@@ -65,7 +56,7 @@ class PanelOfThePlugin : public ::testing::Test {
     }
 
     XClient user;
-    void* library = nullptr;
+    PluginLibrary library;
     std::vector<Instance> instances;
 };
 
